@@ -1,0 +1,13 @@
+#ifndef BCFLIB_BCFLIBEXPORT_H
+#define BCFLIB_BCFLIBEXPORT_H
+
+#include <QtGlobal>
+
+/// Marks what a host may use; everything else stays inside the library.
+#ifdef BCFLIB_LIBRARY
+#    define BCFLIB_EXPORT Q_DECL_EXPORT
+#else
+#    define BCFLIB_EXPORT Q_DECL_IMPORT
+#endif
+
+#endif

@@ -1,0 +1,35 @@
+#ifndef QTCORETOOLS_PROGRESSIONSIGNALS_H
+#define QTCORETOOLS_PROGRESSIONSIGNALS_H
+
+#include "QtCoreToolsExport.h"
+
+#include <QObject>
+
+namespace Tavrin {
+
+/// Tells how far a long job has come.
+///
+/// The job calls addMax() when it learns of more work and addSteps() when some of it is done; each
+/// call is passed on at once as the signal of the same number. No count is kept. The operations
+/// are const, so that a job can take its progress object by const reference.
+class QTCORETOOLS_EXPORT ProgressionSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ProgressionSignals(QObject *parent = nullptr);
+    ~ProgressionSignals() override;
+
+    void addMax(qint64 steps) const;
+    void addSteps(qint64 steps) const;
+
+signals:
+    /// The job grows by this number of steps.
+    void addMaxSig(qint64 steps) const;
+    /// This number of steps is done.
+    void addStepsSig(qint64 steps) const;
+};
+
+}
+
+#endif

@@ -1,0 +1,13 @@
+#ifndef UTILITY_UTILITYEXPORT_H
+#define UTILITY_UTILITYEXPORT_H
+
+#include <QtGlobal>
+
+/// Marks what a host may use; everything else stays inside the library.
+#ifdef UTILITY_LIBRARY
+#    define UTILITY_EXPORT Q_DECL_EXPORT
+#else
+#    define UTILITY_EXPORT Q_DECL_IMPORT
+#endif
+
+#endif
