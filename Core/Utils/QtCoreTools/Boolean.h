@@ -17,7 +17,7 @@ namespace Tavrin {
 enum Boolean {
     BooleanTrue = 0,
     BooleanFalse = 1,
-    BooleanUnset = 2
+    BooleanUnset = 2,
 };
 
 /// True for BooleanTrue only.

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that the build and the tests need, and only those that are missing.
+set -euo pipefail
+
+packages=(
+    build-essential
+    cmake
+    liblog4cplus-dev
+    libopenscenegraph-dev
+    libquazip1-qt5-dev
+    libxml2-utils
+    ninja-build
+    pkg-config
+    qtbase5-dev
+    unzip
+    zlib1g-dev
+)
+
+missing=()
+for package in "${packages[@]}"; do
+    state=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [ "$state" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || {
+        echo "Missing packages: ${missing[*]}. Install them as root, or install sudo." >&2
+        exit 1
+    }
+    as_root=(sudo)
+fi
+
+echo "Installing ${missing[*]}"
+"${as_root[@]}" apt-get update
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install --yes --no-install-recommends "${missing[@]}"

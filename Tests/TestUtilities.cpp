@@ -1,0 +1,117 @@
+#include <Core/Utils/QtCoreTools/Boolean.h>
+#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
+#include <Core/Utils/Utility/NewId.h>
+#include <Core/Utils/Utility/Vec3dVariant.h>
+
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUuid>
+#include <limits>
+
+using Tavrin::BooleanFalse;
+using Tavrin::BooleanTrue;
+using Tavrin::BooleanUnset;
+
+class TestUtilities : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void truthOfVariants_data();
+    void truthOfVariants();
+    void vectorsOfMaps_data();
+    void vectorsOfMaps();
+    void vectorsSurviveTheRoundTrip();
+    void identifiersAreDistinctFolderNames();
+    void progressIsPassedOnUnchanged();
+};
+
+void TestUtilities::truthOfVariants_data()
+{
+    QTest::addColumn<QVariant>("variant");
+    QTest::addColumn<Tavrin::Boolean>("truth");
+
+    QTest::newRow("true is true") << QVariant(true) << BooleanTrue;
+    QTest::newRow("false is false") << QVariant(false) << BooleanFalse;
+    QTest::newRow("1 is the text of true") << QVariant("1") << BooleanTrue;
+    QTest::newRow("0 is the text of false") << QVariant("0") << BooleanFalse;
+    QTest::newRow("case and blanks don't matter") << QVariant("\n TRUE ") << BooleanTrue;
+    QTest::newRow("nor for false") << QVariant(" False\t") << BooleanFalse;
+    QTest::newRow("another text says nothing") << QVariant("yes") << BooleanUnset;
+    QTest::newRow("a longer number is another text") << QVariant("10") << BooleanUnset;
+    QTest::newRow("an empty text says nothing") << QVariant("") << BooleanUnset;
+    QTest::newRow("no variant says nothing") << QVariant() << BooleanUnset;
+    QTest::newRow("a null bool says nothing") << QVariant(QVariant::Bool) << BooleanUnset;
+    QTest::newRow("a number below 1 is true") << QVariant(0.25) << BooleanTrue;
+    QTest::newRow("a zero is false") << QVariant(qlonglong(0)) << BooleanFalse;
+    QTest::newRow("a list says nothing") << QVariant(QVariantList{true}) << BooleanUnset;
+    QTest::newRow("a Boolean stays, though its number is 0")
+        << QVariant::fromValue(BooleanTrue) << BooleanTrue;
+}
+
+void TestUtilities::truthOfVariants()
+{
+    QFETCH(QVariant, variant);
+    QFETCH(Tavrin::Boolean, truth);
+
+    QCOMPARE(Tavrin::fromVariant(variant), truth);
+    QCOMPARE(Tavrin::toBool(truth), truth == BooleanTrue);
+    if (variant.type() == QVariant::String) {
+        QCOMPARE(Tavrin::toBoolean(variant.toString()), truth);
+        QCOMPARE(Tavrin::toBool(variant.toString()), truth == BooleanTrue);
+    }
+}
+
+void TestUtilities::vectorsOfMaps_data()
+{
+    QTest::addColumn<QVariantMap>("map");
+    QTest::addColumn<double>("y");
+
+    QTest::newRow("missing is 0") << QVariantMap{{"x", 1.0}} << 0.0;
+    QTest::newRow("no number is 0") << QVariantMap{{"x", 1.0}, {"y", "2m"}} << 0.0;
+    QTest::newRow("the text of a number counts") << QVariantMap{{"x", 1.0}, {"y", "2.5"}} << 2.5;
+}
+
+void TestUtilities::vectorsOfMaps()
+{
+    QFETCH(QVariantMap, map);
+    QFETCH(double, y);
+
+    QVERIFY(Tavrin::Vec3dFromQVariant(map) == osg::Vec3d(1.0, y, 0.0));
+}
+
+void TestUtilities::vectorsSurviveTheRoundTrip()
+{
+    const osg::Vec3d vector(0.1, -std::numeric_limits<double>::max(), 5e-324);
+    QVERIFY(Tavrin::Vec3dFromQVariant(Tavrin::Vec3dToQVariant(vector)) == vector);
+    QCOMPARE(Tavrin::Vec3dToQVariant(vector).keys(), QStringList({"x", "y", "z"}));
+}
+
+void TestUtilities::identifiersAreDistinctFolderNames()
+{
+    QSet<QString> seen;
+    for (int i = 0; i < 10000; ++i) {
+        const QString id = Tavrin::NewId();
+        QVERIFY2(!QUuid(id).isNull() && !id.contains('/') && !id.contains('{'), qPrintable(id));
+        seen.insert(id);
+    }
+    QCOMPARE(seen.size(), 10000);
+}
+
+void TestUtilities::progressIsPassedOnUnchanged()
+{
+    const Tavrin::ProgressionSignals progression;
+    QSignalSpy maxima(&progression, &Tavrin::ProgressionSignals::addMaxSig);
+    QSignalSpy steps(&progression, &Tavrin::ProgressionSignals::addStepsSig);
+
+    progression.addMax(5'000'000'000);
+    progression.addSteps(3);
+
+    QCOMPARE(maxima, QList<QVariantList>{{qint64(5'000'000'000)}});
+    QCOMPARE(steps, QList<QVariantList>{{qint64(3)}});
+}
+
+QTEST_APPLESS_MAIN(TestUtilities)
+
+#include "TestUtilities.moc"
