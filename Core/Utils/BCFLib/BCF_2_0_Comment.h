@@ -1,0 +1,41 @@
+#ifndef BCFLIB_BCF_2_0_COMMENT_H
+#define BCFLIB_BCF_2_0_COMMENT_H
+
+#include "Comment.h"
+
+namespace BCF_2_0_Lib {
+
+/// A comment in the form of versions 2.0 and 1.0, which has two status texts of its own.
+class BCFLIB_EXPORT Comment : public BCFLib::Comment
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _verbalStatus READ verbalStatus WRITE setVerbalStatus)
+    Q_PROPERTY(QString _status READ status WRITE setStatus)
+
+public:
+    Comment(const QString &guid, QObject *parent);
+    ~Comment() override;
+
+    QVariant toQVariant() const override;
+    void fromQVariant(const QVariant &variant) override;
+
+    /// Free text that people use for the state of the issue.
+    QString verbalStatus() const;
+    void setVerbalStatus(const QString &verbalStatus);
+
+    /// Free text; tools write values such as "Error", "Warning", "Info", "Unknown".
+    QString status() const;
+    void setStatus(const QString &status);
+
+protected:
+    void read(const QDomElement &element, QHash<BCFLib::Comment *, QString> &replies) override;
+    void write(QDomDocument &doc, QDomElement &parent) const override;
+
+private:
+    QString _verbalStatus;
+    QString _status;
+};
+
+} // namespace BCF_2_0_Lib
+
+#endif // BCFLIB_BCF_2_0_COMMENT_H

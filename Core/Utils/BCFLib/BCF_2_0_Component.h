@@ -1,0 +1,44 @@
+#ifndef BCFLIB_BCF_2_0_COMPONENT_H
+#define BCFLIB_BCF_2_0_COMPONENT_H
+
+#include "Component.h"
+
+#include <Core/Utils/QtCoreTools/Boolean.h>
+
+namespace BCF_2_0_Lib {
+
+/// A reference to one element of the building model with the marks of the list form.
+///
+/// Made by BCF_2_0_Lib::Viewpoint and owned by it.
+class BCFLIB_EXPORT Component : public BCFLib::Component
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _color READ color WRITE setColor)
+
+public:
+    ~Component() override;
+
+    Tavrin::Boolean visible() const;
+    void setVisible(Tavrin::Boolean visible);
+
+    Tavrin::Boolean selected() const;
+    void setSelected(Tavrin::Boolean selected);
+
+    /// The colour as the file's text, as a rule hexadecimal digits; nothing reads it as a colour.
+    QString color() const;
+    void setColor(const QString &color);
+
+protected:
+    Component(const QString &guid, QObject *parent);
+
+private:
+    friend class Viewpoint;
+
+    Tavrin::Boolean _visible = Tavrin::BooleanUnset;
+    Tavrin::Boolean _selected = Tavrin::BooleanUnset;
+    QString _color;
+};
+
+} // namespace BCF_2_0_Lib
+
+#endif // BCFLIB_BCF_2_0_COMPONENT_H

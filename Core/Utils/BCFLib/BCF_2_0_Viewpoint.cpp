@@ -1,0 +1,218 @@
+#include "BCF_2_0_Viewpoint.h"
+
+#include "Components.h"
+#include "XmlElements.h"
+
+#include <QDomDocument>
+#include <QSet>
+#include <QVariantMap>
+#include <QVector>
+#include <log4cplus/loggingmacros.h>
+
+#include <algorithm>
+
+namespace BCF_2_0_Lib {
+
+namespace Xml = BCFLib::Xml;
+
+namespace {
+
+Tavrin::Boolean readMark(const QDomElement &element, const QString &name)
+{
+    if (!element.hasAttribute(name)) {
+        return Tavrin::BooleanUnset;
+    }
+    return Tavrin::toBoolean(element.attribute(name) == QLatin1String("true"));
+}
+
+void writeMark(QDomElement &element, const QString &name, Tavrin::Boolean mark)
+{
+    if (mark != Tavrin::BooleanUnset) {
+        Xml::setAttribute(element, name, Xml::flagText(mark == Tavrin::BooleanTrue));
+    }
+}
+
+QString guidOf(const QVariantMap &form)
+{
+    return form.value(QStringLiteral("ifc_guid")).toString();
+}
+
+/// The forms of a list that name a component.
+QList<QVariantMap> namedForms(const QVariant &list)
+{
+    QList<QVariantMap> forms;
+    for (const QVariant &value : list.toList()) {
+        const QVariantMap form = value.toMap();
+        if (!guidOf(form).isEmpty()) {
+            forms.append(form);
+        }
+    }
+    return forms;
+}
+
+/// The elements that name a component, of several with one guid the last, in file order.
+QVector<QDomElement> effectiveElements(const QDomElement &components)
+{
+    const QString name = QStringLiteral("Component");
+    QVector<QDomElement> elements;
+    QSet<QString> guids;
+    for (QDomElement element = components.lastChildElement(name); !element.isNull();
+         element = element.previousSiblingElement(name)) {
+        const QString guid = element.attribute(QStringLiteral("IfcGuid"));
+        if (!guid.isEmpty() && !guids.contains(guid)) {
+            guids.insert(guid);
+            elements.append(element);
+        }
+    }
+    std::reverse(elements.begin(), elements.end());
+    return elements;
+}
+
+} // namespace
+
+Viewpoint::Viewpoint(const QString &guid, BCFLib::Topic *topic)
+    : BCFLib::Viewpoint(guid, topic)
+{
+}
+
+Viewpoint::~Viewpoint() = default;
+
+Component *Viewpoint::addComponent(const QString &guid)
+{
+    if (guid.isEmpty()) {
+        LOG4CPLUS_ERROR(_logger, LOG4CPLUS_TEXT("To add component with empty guid is not allowed"));
+    }
+    delete _components.value(guid);
+    Component *component = new Component(guid, this);
+    _components.insert(guid, component);
+    return component;
+}
+
+Component *Viewpoint::getComponent(const QString &guid) const
+{
+    return _components.value(guid);
+}
+
+QList<Component *> Viewpoint::components() const
+{
+    return _components.values();
+}
+
+void Viewpoint::forget(Component *component)
+{
+    // The key is the guid under which it was added, which need not be its guid any more.
+    auto entry = _components.find(component->guid());
+    if (entry == _components.end() || entry.value() != component) {
+        entry = std::find(_components.begin(), _components.end(), component);
+    }
+    if (entry != _components.end()) {
+        _components.erase(entry);
+    }
+}
+
+bool Viewpoint::holdsOnlyComponents() const
+{
+    // One more child is the Components object, which stays empty in this class.
+    return !_holdsStrangers && children().size() == _components.size() + 1
+        && BCFLib::Viewpoint::components()->children().isEmpty();
+}
+
+void Viewpoint::readComponents(QDomElement &root)
+{
+    const QDomElement components = root.firstChildElement(QStringLiteral("Components"));
+    for (const QDomElement &element : effectiveElements(components)) {
+        Component *component = addComponent(element.attribute(QStringLiteral("IfcGuid")));
+        component->setSelected(readMark(element, QStringLiteral("Selected")));
+        component->setVisible(readMark(element, QStringLiteral("Visible")));
+        component->setColor(element.attribute(QStringLiteral("Color")));
+        component->read(element);
+    }
+}
+
+void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)
+{
+    if (_components.isEmpty()) {
+        return;
+    }
+    QDomElement components = Xml::appendElement(document, root, QStringLiteral("Components"));
+    for (const Component *component : qAsConst(_components)) {
+        component->write(document, components);
+        QDomElement element = components.lastChildElement();
+        writeMark(element, QStringLiteral("Selected"), component->selected());
+        writeMark(element, QStringLiteral("Visible"), component->visible());
+        Xml::setAttributeIfNotEmpty(element, QStringLiteral("Color"), component->color());
+    }
+}
+
+QMap<QString, QVariant> Viewpoint::componentsToQVariant() const
+{
+    QVariantList shown;
+    QVariantList hidden;
+    QVariantList selected;
+    QMap<QString, QVariantList> groups;
+    for (const Component *component : qAsConst(_components)) {
+        const QVariant form = component->toQVariant();
+        if (component->selected() == Tavrin::BooleanTrue) {
+            selected.append(form);
+        }
+        (component->visible() == Tavrin::BooleanTrue ? shown : hidden).append(form);
+        if (!component->color().isEmpty()) {
+            groups[component->color()].append(form);
+        }
+    }
+    // The longer list is the one that is written, on a tie the hidden one. What stands in the other is
+    // in the form only as far as it is selected or coloured.
+    const bool defaultVisibility = shown.size() <= hidden.size();
+    QVariantMap map;
+    map.insert(QStringLiteral("visibility"),
+               QVariantMap{{QStringLiteral("default_visibility"), defaultVisibility},
+                           {QStringLiteral("exceptions"), defaultVisibility ? hidden : shown}});
+    if (!selected.isEmpty()) {
+        map.insert(QStringLiteral("selection"), selected);
+    }
+    QVariantList coloring;
+    for (auto group = groups.constBegin(); group != groups.constEnd(); ++group) {
+        const bool hasMark = group.key().startsWith(QLatin1Char('#'));
+        const QString color = hasMark ? group.key() : QLatin1Char('#') + group.key();
+        coloring.append(
+            QVariantMap{{QStringLiteral("color"), color}, {QStringLiteral("components"), group.value()}});
+    }
+    if (!coloring.isEmpty()) {
+        map.insert(QStringLiteral("coloring"), coloring);
+    }
+    return map;
+}
+
+void Viewpoint::componentsFromQVariant(const QMap<QString, QVariant> &map)
+{
+    const QVariantMap visibility = map.value(QStringLiteral("visibility")).toMap();
+    const bool defaultVisibility = visibility.value(QStringLiteral("default_visibility")).toBool();
+    for (const QVariantMap &form : namedForms(visibility.value(QStringLiteral("exceptions")))) {
+        getOrCreateComponent(form)->setVisible(Tavrin::toBoolean(!defaultVisibility));
+    }
+    for (const QVariantMap &form : namedForms(map.value(QStringLiteral("selection")))) {
+        getOrCreateComponent(form)->setSelected(Tavrin::BooleanTrue);
+    }
+    for (const QVariant &value : map.value(QStringLiteral("coloring")).toList()) {
+        const QVariantMap group = value.toMap();
+        QString color = group.value(QStringLiteral("color")).toString();
+        if (color.startsWith(QLatin1Char('#'))) {
+            color.remove(0, 1);
+        }
+        for (const QVariantMap &form : namedForms(group.value(QStringLiteral("components")))) {
+            getOrCreateComponent(form)->setColor(color);
+        }
+    }
+}
+
+Component *Viewpoint::getOrCreateComponent(const QMap<QString, QVariant> &map)
+{
+    Component *component = getComponent(guidOf(map));
+    if (component == nullptr) {
+        component = addComponent(guidOf(map));
+        component->fromQVariant(map);
+    }
+    return component;
+}
+
+} // namespace BCF_2_0_Lib

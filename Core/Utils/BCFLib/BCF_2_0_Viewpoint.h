@@ -1,0 +1,62 @@
+#ifndef BCFLIB_BCF_2_0_VIEWPOINT_H
+#define BCFLIB_BCF_2_0_VIEWPOINT_H
+
+#include "BCF_2_0_Component.h"
+#include "Viewpoint.h"
+
+namespace BCFLib {
+namespace ObjectTree {
+bool holdsOnlyReferences(const QObject *object);
+}
+} // namespace BCFLib
+
+namespace BCF_2_0_Lib {
+
+/// A viewpoint in the form of versions 2.0 and 1.0: its references to model elements are one flat
+/// list, each with marks of its own.
+///
+/// The Components object of the base class is there but stays empty.
+class BCFLIB_EXPORT Viewpoint : public BCFLib::Viewpoint
+{
+    Q_OBJECT
+
+public:
+    Viewpoint(const QString &guid, BCFLib::Topic *topic);
+    ~Viewpoint() override;
+
+    QMap<QString, QVariant> componentsToQVariant() const override;
+    /// Merges the references of @p map into the list; nothing is removed first.
+    void componentsFromQVariant(const QMap<QString, QVariant> &map) override;
+
+    /// Adds a component without marks, replacing one of the same guid.
+    ///
+    /// An empty @p guid is logged as an error, but accepted.
+    Component *addComponent(const QString &guid);
+    /// The component that was added under that guid, or null.
+    Component *getComponent(const QString &guid) const;
+    /// All components in ascending order of the guid under which they were added.
+    QList<Component *> components() const;
+
+protected:
+    Component *getOrCreateComponent(const QMap<QString, QVariant> &map);
+
+    void readComponents(QDomElement &root) override;
+    void writeComponents(QDomDocument &document, QDomElement &root) override;
+
+private:
+    friend class Component;
+    friend class BCFLib::Component;
+    friend bool BCFLib::ObjectTree::holdsOnlyReferences(const QObject *object);
+
+    /// A component that is destroyed leaves the list.
+    void forget(Component *component);
+    bool holdsOnlyComponents() const;
+
+    QMap<QString, Component *> _components;
+    /// Set once a host has hung something under one of the components.
+    bool _holdsStrangers = false;
+};
+
+} // namespace BCF_2_0_Lib
+
+#endif // BCFLIB_BCF_2_0_VIEWPOINT_H

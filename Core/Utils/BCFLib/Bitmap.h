@@ -1,0 +1,79 @@
+#ifndef BCFLIB_BITMAP_H
+#define BCFLIB_BITMAP_H
+
+#include "BCFLibExport.h"
+#include "Vec3dMetaType.h"
+
+#include <QObject>
+#include <QString>
+#include <osg/Vec3d>
+
+namespace BCFLib {
+
+/// Format of the image that a bitmap refers to; any other number counts as BMP.
+enum BitmapFormat : int { PNG = 0, JPG = 1, BMP = 2 };
+
+/// An image that stands in the model space of a viewpoint.
+///
+/// Made by Viewpoint::addBitmap() and owned by that viewpoint; a host removes a bitmap by deleting
+/// it. Coordinates are metres in the coordinate system of the building model. The image itself is
+/// only referred to, never read or written.
+class BCFLIB_EXPORT Bitmap : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(BCFLib::BitmapFormat _bitmapFormat READ bitmapFormat WRITE setBitmapFormat)
+    Q_PROPERTY(QString _reference READ reference WRITE setReference)
+    Q_PROPERTY(osg::Vec3d _location READ location WRITE setLocation)
+    Q_PROPERTY(osg::Vec3d _normal READ normal WRITE setNormal)
+    Q_PROPERTY(osg::Vec3d _up READ up WRITE setUp)
+    Q_PROPERTY(double _height READ height WRITE setHeight)
+
+public:
+    ~Bitmap() override;
+
+    /// Format of the image; a host sets it.
+    BitmapFormat bitmapFormat() const;
+    void setBitmapFormat(BitmapFormat bitmapFormat);
+
+    /// Name of the image file. A bitmap without one is lost when its viewpoint is read again.
+    QString reference() const;
+    void setReference(const QString &reference);
+
+    /// Centre of the bitmap.
+    osg::Vec3d location() const;
+    void setLocation(const osg::Vec3d &location);
+
+    /// Normal of the bitmap's plane.
+    osg::Vec3d normal() const;
+    void setNormal(const osg::Vec3d &normal);
+
+    /// Direction that is up in the bitmap.
+    osg::Vec3d up() const;
+    void setUp(const osg::Vec3d &up);
+
+    /// Height of the bitmap in metres; a host sets it.
+    double height() const;
+    void setHeight(double height);
+
+    /// The text that a viewpoint file carries: "PNG", "JPG", or "BMP" for every other value.
+    QString bitmapFormatAsString() const;
+
+protected:
+    explicit Bitmap(QObject *parent = nullptr);
+
+private:
+    friend class Viewpoint;
+
+    BitmapFormat _bitmapFormat = PNG;
+    QString _reference;
+    osg::Vec3d _location;
+    osg::Vec3d _normal;
+    osg::Vec3d _up;
+    double _height = 0.0;
+};
+
+} // namespace BCFLib
+
+Q_DECLARE_METATYPE(BCFLib::BitmapFormat)
+
+#endif // BCFLIB_BITMAP_H

@@ -1,0 +1,39 @@
+#ifndef BCFLIB_CACHEFOLDER_H
+#define BCFLIB_CACHEFOLDER_H
+
+#include <QDir>
+#include <QString>
+
+class QByteArray;
+
+namespace BCFLib {
+
+/// The application's cache folder, where the files that travel inside an archive are unpacked.
+///
+/// The folder is made if it does not exist. Nothing in it is ever deleted.
+class CacheFolder
+{
+public:
+    CacheFolder();
+
+    /// Absolute path of the folder.
+    QString path() const;
+
+    /// Absolute path of the copy of the entry of that name.
+    QString pathOf(const QString &memberName) const;
+
+    /// Replaces the copy of the entry of that name. A write that fails half-way is not noticed.
+    ///
+    /// False if the file can't be opened, also because its folder isn't there, or if the name,
+    /// which comes from a stranger, leads out of the cache folder or through a symbolic link.
+    bool write(const QString &memberName, const QByteArray &bytes) const;
+
+private:
+    bool staysInside(const QString &path) const;
+
+    QDir _dir;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_CACHEFOLDER_H

@@ -1,0 +1,77 @@
+#ifndef BCFLIB_COMPONENT_H
+#define BCFLIB_COMPONENT_H
+
+#include "BCFLibExport.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QVariant>
+
+class QDomDocument;
+class QDomElement;
+
+namespace BCF_2_0_Lib {
+class Viewpoint;
+}
+
+namespace BCFLib {
+
+/// A reference from a viewpoint to one element of the building model.
+///
+/// Made by Components and by BCF_2_0_Lib::Viewpoint only, and owned by them. A component that a host
+/// deletes leaves every list that it stood in.
+class BCFLIB_EXPORT Component : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _originatingSystem READ originatingSystem WRITE setOriginatingSystem)
+    Q_PROPERTY(QString _authoringToolId READ authoringToolId WRITE setAuthoringToolId)
+
+public:
+    ~Component() override;
+
+    /// The IfcGuid of the element, 22 characters; it is the object name.
+    QString guid() const;
+    void setGuid(const QString &guid);
+
+    /// Name of the system that the element comes from.
+    QString originatingSystem() const;
+    void setOriginatingSystem(const QString &originatingSystem);
+
+    /// Identifier of the element in that system.
+    QString authoringToolId() const;
+    void setAuthoringToolId(const QString &authoringToolId);
+
+    /// IfcGuid of the project that the element belongs to.
+    QString ifcProjectId() const;
+    void setIfcProjectId(const QString &ifcProjectId);
+
+    /// A map of what is not empty: "ifc_guid", "ifc_project", "originating_system", "authoring_tool_id".
+    QVariant toQVariant() const;
+    /// Takes over what @p variant holds. Guid and project stay if their key is missing; the other
+    /// two become empty.
+    void fromQVariant(const QVariant &variant);
+
+protected:
+    Component(const QString &guid, QObject *parent);
+
+    void childEvent(QChildEvent *event) override;
+
+    /// The object whose lists hold this component, for as long as it lives.
+    QPointer<QObject> _holder;
+
+private:
+    friend class Components;
+    friend class BCF_2_0_Lib::Viewpoint;
+
+    void read(const QDomElement &element);
+    void write(QDomDocument &document, QDomElement &parent) const;
+
+    QString _originatingSystem;
+    QString _authoringToolId;
+    QString _ifcProjectId;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_COMPONENT_H

@@ -1,0 +1,335 @@
+#include "Components.h"
+
+#include "Component.h"
+#include "XmlElements.h"
+
+#include <QDomDocument>
+#include <QScopedValueRollback>
+#include <QSet>
+#include <QVariantMap>
+
+namespace BCFLib {
+
+Components::Components(QObject *parent)
+    : QObject(parent)
+{
+}
+
+Components::~Components() = default;
+
+QList<Component *> Components::getSelectionComponents()
+{
+    return _selectionComponents;
+}
+
+void Components::setSelectionComponents(const QStringList &guids)
+{
+    deleteAll(std::exchange(_selectionComponents, {}));
+    _selectionComponents = guidListToComponentList(guids);
+}
+
+bool Components::getDefaultVisibility() const
+{
+    return _defaultVisibility;
+}
+
+void Components::setDefaultVisibility(bool defaultVisibility)
+{
+    _defaultVisibility = defaultVisibility;
+}
+
+QList<Component *> Components::getVisibilityExceptionComponents()
+{
+    return _visibilityExceptionComponents;
+}
+
+void Components::setVisibilityExceptionComponents(const QStringList &guids)
+{
+    deleteAll(std::exchange(_visibilityExceptionComponents, {}));
+    _visibilityExceptionComponents = guidListToComponentList(guids);
+}
+
+ViewSetupHints Components::getViewSetupHints() const
+{
+    return _viewSetupHints;
+}
+
+void Components::setViewSetupHints(const ViewSetupHints &viewSetupHints)
+{
+    _viewSetupHints = viewSetupHints;
+}
+
+void Components::addColoringComponents(const QColor &color, const QStringList &guids)
+{
+    addColoringComponents(color, guidListToComponentList(guids));
+}
+
+void Components::addColoringComponents(const QColor &color, const QList<Component *> &list)
+{
+    const QString name = color.name();
+    deleteAll(_coloringComponents.take(name));
+    _coloringComponents.insert(name, list);
+}
+
+void Components::removeColoringComponents()
+{
+    QList<Component *> doomed;
+    for (const QList<Component *> &group : qAsConst(_coloringComponents)) {
+        doomed.append(group);
+    }
+    _coloringComponents.clear();
+    deleteAll(doomed);
+}
+
+QList<Component *> Components::guidListToComponentList(const QStringList &guids)
+{
+    QList<Component *> list;
+    list.reserve(guids.size());
+    for (const QString &guid : guids) {
+        list.append(new Component(guid, this));
+    }
+    return list;
+}
+
+void Components::deleteAll(QList<Component *> list)
+{
+    const QScopedValueRollback<bool> deletingSet(_deletingSet, true);
+    // In the order of the children: an object looks for each child that goes from the first one on.
+    const QSet<QObject *> doomed(list.constBegin(), list.constEnd());
+    if (doomed.isEmpty()) {
+        return;
+    }
+    list.clear();
+    const QObjectList all = children();
+    for (QObject *child : all) {
+        if (doomed.contains(child)) {
+            delete child;
+        }
+    }
+}
+
+void Components::forget(Component *component)
+{
+    if (_deletingSet) {
+        return;
+    }
+    _selectionComponents.removeOne(component);
+    _visibilityExceptionComponents.removeOne(component);
+    for (QList<Component *> &group : _coloringComponents) {
+        group.removeOne(component);
+    }
+}
+
+bool Components::holdsOnlyComponents() const
+{
+    int count = _selectionComponents.size() + _visibilityExceptionComponents.size();
+    for (const QList<Component *> &group : _coloringComponents) {
+        count += group.size();
+    }
+    return !_holdsStrangers && count == children().size();
+}
+
+void Components::clear()
+{
+    _viewSetupHints = ViewSetupHints();
+    _defaultVisibility = true;
+    QList<Component *> doomed = std::exchange(_selectionComponents, {});
+    doomed.append(std::exchange(_visibilityExceptionComponents, {}));
+    for (const QList<Component *> &group : qAsConst(_coloringComponents)) {
+        doomed.append(group);
+    }
+    _coloringComponents.clear();
+    deleteAll(doomed);
+}
+
+void Components::read(const QDomElement &root)
+{
+    clear();
+    const QDomElement components = root.firstChildElement(QStringLiteral("Components"));
+    if (components.isNull()) {
+        return;
+    }
+    readViewSetupHints(components.firstChildElement(QStringLiteral("ViewSetupHints")));
+    _selectionComponents = readComponentList(components.firstChildElement(QStringLiteral("Selection")));
+    const QDomElement visibility = components.firstChildElement(QStringLiteral("Visibility"));
+    const QString defaultVisibility = QStringLiteral("DefaultVisibility");
+    if (visibility.hasAttribute(defaultVisibility)) {
+        _defaultVisibility = Tavrin::toBool(visibility.attribute(defaultVisibility));
+    }
+    _visibilityExceptionComponents =
+        readComponentList(visibility.firstChildElement(QStringLiteral("Exceptions")));
+    readColoring(components.firstChildElement(QStringLiteral("Coloring")));
+}
+
+void Components::readViewSetupHints(const QDomElement &element)
+{
+    const auto readHint = [&element](const QString &name, Tavrin::Boolean *hint) {
+        if (element.hasAttribute(name)) {
+            *hint = Tavrin::toBoolean(element.attribute(name));
+        }
+    };
+    readHint(QStringLiteral("SpacesVisible"), &_viewSetupHints.spacesVisible);
+    readHint(QStringLiteral("SpaceBoundariesVisible"), &_viewSetupHints.spaceBoundariesVisible);
+    readHint(QStringLiteral("OpeningsVisible"), &_viewSetupHints.openingsVisible);
+}
+
+QList<Component *> Components::readComponentList(const QDomElement &element)
+{
+    QList<Component *> list;
+    for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
+        const QString guid = child.attribute(QStringLiteral("IfcGuid"));
+        if (!guid.isEmpty()) {
+            Component *component = new Component(guid, this);
+            component->read(child);
+            list.append(component);
+        }
+    }
+    return list;
+}
+
+void Components::readColoring(const QDomElement &coloring)
+{
+    const QString colorName = QStringLiteral("Color");
+    for (const QDomElement &element : Xml::childElements(coloring, colorName)) {
+        if (!element.hasAttribute(colorName)) {
+            continue;
+        }
+        QString text = element.attribute(colorName);
+        if (!text.startsWith(QLatin1Char('#'))) {
+            text.prepend(QLatin1Char('#'));
+        }
+        const QList<Component *> list = readComponentList(element);
+        if (!list.isEmpty()) {
+            QColor color;
+            color.setNamedColor(text);
+            addColoringComponents(color, list);
+        }
+    }
+}
+
+void Components::write(QDomDocument &document, QDomElement &root) const
+{
+    QDomElement components = Xml::appendElement(document, root, QStringLiteral("Components"));
+    writeViewSetupHints(document, components);
+    if (!_selectionComponents.isEmpty()) {
+        QDomElement selection = Xml::appendElement(document, components, QStringLiteral("Selection"));
+        writeComponentList(document, selection, _selectionComponents);
+    }
+    QDomElement visibility = Xml::appendElement(document, components, QStringLiteral("Visibility"));
+    Xml::setAttribute(visibility, QStringLiteral("DefaultVisibility"), Xml::flagText(_defaultVisibility));
+    if (!_visibilityExceptionComponents.isEmpty()) {
+        QDomElement exceptions = Xml::appendElement(document, visibility, QStringLiteral("Exceptions"));
+        writeComponentList(document, exceptions, _visibilityExceptionComponents);
+    }
+    if (_coloringComponents.isEmpty()) {
+        return;
+    }
+    QDomElement coloring = Xml::appendElement(document, components, QStringLiteral("Coloring"));
+    for (auto group = _coloringComponents.constBegin(); group != _coloringComponents.constEnd(); ++group) {
+        QString text = group.key();
+        if (text.startsWith(QLatin1Char('#'))) {
+            text.remove(0, 1);
+        }
+        QDomElement element = Xml::appendElement(document, coloring, QStringLiteral("Color"));
+        Xml::setAttribute(element, QStringLiteral("Color"), text);
+        writeComponentList(document, element, group.value());
+    }
+}
+
+void Components::writeViewSetupHints(QDomDocument &document, QDomElement &parent) const
+{
+    if (_viewSetupHints.isEmpty()) {
+        return;
+    }
+    QDomElement element = Xml::appendElement(document, parent, QStringLiteral("ViewSetupHints"));
+    const auto writeHint = [&element](const QString &name, Tavrin::Boolean hint) {
+        if (hint != Tavrin::BooleanUnset) {
+            // A number, "1" or "0", where all other flags of the format are words.
+            element.setAttribute(name, static_cast<int>(Tavrin::toBool(hint)));
+        }
+    };
+    writeHint(QStringLiteral("SpacesVisible"), _viewSetupHints.spacesVisible);
+    writeHint(QStringLiteral("SpaceBoundariesVisible"), _viewSetupHints.spaceBoundariesVisible);
+    writeHint(QStringLiteral("OpeningsVisible"), _viewSetupHints.openingsVisible);
+}
+
+void Components::writeComponentList(QDomDocument &document, QDomElement &parent,
+                                    const QList<Component *> &list) const
+{
+    for (const Component *component : list) {
+        component->write(document, parent);
+    }
+}
+
+QVariant Components::toQVariant() const
+{
+    QVariantMap map;
+    if (!_viewSetupHints.isEmpty()) {
+        map.insert(QStringLiteral("view_setup_hints"), _viewSetupHints.toQVariant());
+    }
+    if (!_visibilityExceptionComponents.isEmpty()) {
+        map.insert(QStringLiteral("visibility"),
+                   QVariantMap{{QStringLiteral("default_visibility"), _defaultVisibility},
+                               {QStringLiteral("exceptions"),
+                                componentListToVariant(_visibilityExceptionComponents)}});
+    }
+    if (!_selectionComponents.isEmpty()) {
+        map.insert(QStringLiteral("selection"), componentListToVariant(_selectionComponents));
+    }
+    QVariantList coloring;
+    for (auto group = _coloringComponents.constBegin(); group != _coloringComponents.constEnd(); ++group) {
+        coloring.append(QVariantMap{{QStringLiteral("color"), group.key()},
+                                    {QStringLiteral("components"), componentListToVariant(group.value())}});
+    }
+    if (!coloring.isEmpty()) {
+        map.insert(QStringLiteral("coloring"), coloring);
+    }
+    return map;
+}
+
+void Components::fromQVariant(const QVariant &variant)
+{
+    clear();
+    const QVariantMap map = variant.toMap();
+    const QVariantMap visibility = map.value(QStringLiteral("visibility")).toMap();
+    if (visibility.contains(QStringLiteral("view_setup_hints"))) {
+        _viewSetupHints.fromQVariant(visibility.value(QStringLiteral("view_setup_hints")));
+    }
+    _defaultVisibility = visibility.value(QStringLiteral("default_visibility"), true).toBool();
+    _visibilityExceptionComponents = variantToComponentList(visibility.value(QStringLiteral("exceptions")));
+    _selectionComponents = variantToComponentList(map.value(QStringLiteral("selection")));
+    // A map from colour to components, not the list of groups that toQVariant() gives.
+    const QVariantMap coloring = map.value(QStringLiteral("coloring")).toMap();
+    for (auto group = coloring.constBegin(); group != coloring.constEnd(); ++group) {
+        const QList<Component *> list = variantToComponentList(group.value());
+        if (!list.isEmpty()) {
+            _coloringComponents.insert(group.key(), list);
+        }
+    }
+}
+
+QList<QVariant> Components::componentListToVariant(const QList<Component *> &list) const
+{
+    QVariantList forms;
+    forms.reserve(list.size());
+    for (const Component *component : list) {
+        forms.append(component->toQVariant());
+    }
+    return forms;
+}
+
+QList<Component *> Components::variantToComponentList(const QVariant &value)
+{
+    QList<Component *> list;
+    for (const QVariant &form : value.toList()) {
+        const QVariantMap map = form.toMap();
+        if (map.contains(QStringLiteral("ifc_guid"))) {
+            Component *component = new Component(map.value(QStringLiteral("ifc_guid")).toString(), this);
+            component->fromQVariant(map);
+            list.append(component);
+        }
+    }
+    return list;
+}
+
+} // namespace BCFLib

@@ -1,0 +1,109 @@
+#ifndef BCFLIB_COMPONENTS_H
+#define BCFLIB_COMPONENTS_H
+
+#include "BCFLibExport.h"
+#include "ViewSetupHints.h"
+
+#include <QColor>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+class QDomDocument;
+class QDomElement;
+
+namespace BCF_2_0_Lib {
+class Viewpoint;
+}
+
+namespace BCFLib {
+
+class Component;
+
+namespace ObjectTree {
+bool holdsOnlyReferences(const QObject *object);
+}
+
+/// The references of one viewpoint to model elements in the sets form, that of version 2.1: which
+/// elements are selected, which are visible, and how they are coloured.
+///
+/// Made by its viewpoint and owned by it. Each set owns its components alone: an element that is
+/// selected and also coloured is two objects of one guid. Lists that are handed out are copies of
+/// pointers; the objects live until their set is replaced.
+class BCFLIB_EXPORT Components : public QObject
+{
+    Q_OBJECT
+
+public:
+    ~Components() override;
+
+    QList<Component *> getSelectionComponents();
+    /// Replaces the selection; guids are taken as they come, also empty and repeated ones.
+    void setSelectionComponents(const QStringList &guids);
+
+    /// Whether elements that are no exception are visible.
+    bool getDefaultVisibility() const;
+    void setDefaultVisibility(bool defaultVisibility);
+
+    /// The elements whose visibility is the opposite of the default.
+    QList<Component *> getVisibilityExceptionComponents();
+    void setVisibilityExceptionComponents(const QStringList &guids);
+
+    ViewSetupHints getViewSetupHints() const;
+    void setViewSetupHints(const ViewSetupHints &viewSetupHints);
+
+    /// Makes @p guids the group of @p color, replacing what the group held. Alpha does not count.
+    void addColoringComponents(const QColor &color, const QStringList &guids);
+    void removeColoringComponents();
+
+    QVariant toQVariant() const;
+    /// Replaces everything by what @p variant holds.
+    void fromQVariant(const QVariant &variant);
+
+protected:
+    explicit Components(QObject *parent = nullptr);
+
+private:
+    friend class Viewpoint;
+    friend class BCF_2_0_Lib::Viewpoint;
+    friend class Component;
+    friend bool ObjectTree::holdsOnlyReferences(const QObject *object);
+
+    void read(const QDomElement &root);
+    void write(QDomDocument &document, QDomElement &root) const;
+
+    void clear();
+    void readViewSetupHints(const QDomElement &element);
+    QList<Component *> readComponentList(const QDomElement &element);
+    void readColoring(const QDomElement &coloring);
+    void writeViewSetupHints(QDomDocument &document, QDomElement &parent) const;
+    void writeComponentList(QDomDocument &document, QDomElement &parent,
+                            const QList<Component *> &list) const;
+    QList<Component *> guidListToComponentList(const QStringList &guids);
+    void addColoringComponents(const QColor &color, const QList<Component *> &list);
+
+    QList<QVariant> componentListToVariant(const QList<Component *> &list) const;
+    QList<Component *> variantToComponentList(const QVariant &value);
+
+    /// A component that is destroyed leaves its set.
+    void forget(Component *component);
+    bool holdsOnlyComponents() const;
+    void deleteAll(QList<Component *> list);
+
+    ViewSetupHints _viewSetupHints;
+    QList<Component *> _selectionComponents;
+    bool _defaultVisibility = true;
+    QList<Component *> _visibilityExceptionComponents;
+    QMap<QString, QList<Component *>> _coloringComponents;
+    /// Set while a whole set goes, whose components need not be searched for one by one.
+    bool _deletingSet = false;
+    /// Set once a host has hung something under one of the components.
+    bool _holdsStrangers = false;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_COMPONENTS_H

@@ -1,0 +1,54 @@
+#include "DOMXml.h"
+
+#include "XmlElements.h"
+
+#include <QDomDocument>
+
+namespace Tavrin {
+
+int DOMXml::numberPrecision()
+{
+    return 16;
+}
+
+void DOMXml::AddNumberElement(QDomDocument &document, QDomElement &parent, const QString &name, double value)
+{
+    QDomElement element = document.createElement(name);
+    parent.appendChild(element);
+    element.appendChild(document.createTextNode(QString::number(value, 'e', numberPrecision())));
+}
+
+QDomElement DOMXml::createTextElement(QDomDocument &document, const QString &name, const QString &text)
+{
+    QDomElement element = document.createElement(name);
+    element.appendChild(document.createTextNode(BCFLib::Xml::writableText(text)));
+    return element;
+}
+
+QDomElement DOMXml::createAttributeElement(QDomDocument &document, const QString &name,
+                                           const QString &attributeName, const QString &attributeValue)
+{
+    QDomElement element = document.createElement(name);
+    BCFLib::Xml::setAttribute(element, attributeName, attributeValue);
+    return element;
+}
+
+QDomElement DOMXml::createPointElement(QDomDocument &document, const QString &name, const osg::Vec3d &point)
+{
+    QDomElement element = document.createElement(name);
+    AddNumberElement(document, element, QStringLiteral("X"), point.x());
+    AddNumberElement(document, element, QStringLiteral("Y"), point.y());
+    AddNumberElement(document, element, QStringLiteral("Z"), point.z());
+    return element;
+}
+
+QDomElement DOMXml::createPointElement(QDomDocument &document, const QString &name,
+                                       const QMap<QString, QVariant> &point)
+{
+    return createPointElement(document, name,
+                              osg::Vec3d(point.value(QStringLiteral("x")).toDouble(),
+                                         point.value(QStringLiteral("y")).toDouble(),
+                                         point.value(QStringLiteral("z")).toDouble()));
+}
+
+} // namespace Tavrin

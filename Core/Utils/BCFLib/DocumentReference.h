@@ -1,0 +1,59 @@
+#ifndef BCFLIB_DOCUMENTREFERENCE_H
+#define BCFLIB_DOCUMENTREFERENCE_H
+
+#include "BCFLibExport.h"
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+namespace BCFLib {
+
+/// A document that a topic refers to, as text: the document itself is neither taken out of an
+/// archive nor put into one, whatever isExternal() says.
+///
+/// Made by Topic::addDocumentReference() or by a load; owned by its topic.
+class BCFLIB_EXPORT DocumentReference : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool _isExternal READ isExternal WRITE setIsExternal)
+    Q_PROPERTY(QString _referencedDocument READ referencedDocument WRITE setReferencedDocument)
+    Q_PROPERTY(QString _description READ description WRITE setDescription)
+
+public:
+    ~DocumentReference() override;
+
+    /// The identifier, which is the object name; it may be empty.
+    QString guid() const;
+    void setGuid(const QString &guid);
+
+    /// Whether the document lies outside the archive; false until it is set otherwise.
+    bool isExternal() const;
+    void setIsExternal(bool isExternal);
+
+    /// Name, path or address of the document.
+    QString referencedDocument() const;
+    void setReferencedDocument(const QString &referencedDocument);
+
+    /// Text for people.
+    QString description() const;
+    void setDescription(const QString &description);
+
+    QVariant toQVariant() const;
+    /// Overwrites every field but the guid, which the variant form does not give back.
+    void fromQVariant(const QVariant &variant);
+
+protected:
+    DocumentReference(const QString &guid, QObject *parent);
+
+private:
+    friend class Topic;
+
+    bool _isExternal = false;
+    QString _referencedDocument;
+    QString _description;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_DOCUMENTREFERENCE_H

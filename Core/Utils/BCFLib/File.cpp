@@ -1,0 +1,100 @@
+#include "File.h"
+
+#include "VariantMap.h"
+
+namespace BCFLib {
+
+File::File(QObject *parent)
+    : QObject(parent)
+{
+}
+
+File::~File() = default;
+
+QString File::ifcProject() const
+{
+    return _ifcProject;
+}
+
+void File::setIfcProject(const QString &ifcProject)
+{
+    _ifcProject = ifcProject;
+}
+
+QString File::ifcSpatialStructureElement() const
+{
+    return _ifcSpatialStructureElement;
+}
+
+void File::setIfcSpatialStructureElement(const QString &ifcSpatialStructureElement)
+{
+    _ifcSpatialStructureElement = ifcSpatialStructureElement;
+}
+
+bool File::isExternal() const
+{
+    return _isExternal;
+}
+
+void File::setIsExternal(bool isExternal)
+{
+    _isExternal = isExternal;
+}
+
+QString File::filename() const
+{
+    return _filename;
+}
+
+void File::setFilename(const QString &filename)
+{
+    _filename = filename;
+}
+
+QDateTime File::date() const
+{
+    return _date;
+}
+
+void File::setDate(const QDateTime &date)
+{
+    _date = date;
+}
+
+QString File::reference() const
+{
+    return _reference;
+}
+
+void File::setReference(const QString &reference)
+{
+    _reference = reference;
+}
+
+QVariant File::toQVariant() const
+{
+    QVariantMap map;
+    Variants::insertIfNotEmpty(map, QStringLiteral("ifc_project"), _ifcProject);
+    Variants::insertIfNotEmpty(map, QStringLiteral("ifc_spatial_structure_element"),
+                               _ifcSpatialStructureElement);
+    map.insert(QStringLiteral("is_external"), _isExternal);
+    Variants::insertIfNotEmpty(map, QStringLiteral("file_name"), _filename);
+    if (_date.isValid()) {
+        map.insert(QStringLiteral("date"), Variants::fromDate(_date));
+    }
+    Variants::insertIfNotEmpty(map, QStringLiteral("reference"), _reference);
+    return map;
+}
+
+void File::fromQVariant(const QVariant &variant)
+{
+    const QVariantMap map = variant.toMap();
+    _ifcProject = map.value(QStringLiteral("ifc_project")).toString();
+    _ifcSpatialStructureElement = map.value(QStringLiteral("ifc_spatial_structure_element")).toString();
+    _isExternal = map.value(QStringLiteral("is_external"), true).toBool();
+    _filename = map.value(QStringLiteral("file_name")).toString();
+    _date = Variants::toDate(map.value(QStringLiteral("date")));
+    _reference = map.value(QStringLiteral("reference")).toString();
+}
+
+} // namespace BCFLib

@@ -1,0 +1,79 @@
+#ifndef BCFLIB_FILE_H
+#define BCFLIB_FILE_H
+
+#include "BCFLibExport.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+namespace BCFLib {
+
+/// A model file that a topic refers to, from the header of its markup file.
+///
+/// Made by Topic::addFile() or by a load; owned by its topic. It has no guid.
+///
+/// What filename() means depends on isExternal(). For an external file it is free text. For a file
+/// that travels inside the archive it is, in memory, the path of a real file on disk: after a load
+/// the copy in the application's cache folder, for a file that a host adds the path from which a
+/// save takes the content.
+class BCFLIB_EXPORT File : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _ifcProject READ ifcProject WRITE setIfcProject)
+    Q_PROPERTY(QString _ifcSpatialStructureElement READ ifcSpatialStructureElement WRITE
+                   setIfcSpatialStructureElement)
+    Q_PROPERTY(bool _isExternal READ isExternal WRITE setIsExternal)
+    Q_PROPERTY(QString _filename READ filename WRITE setFilename)
+    Q_PROPERTY(QDateTime _date READ date WRITE setDate)
+    Q_PROPERTY(QString _reference READ reference WRITE setReference)
+
+public:
+    ~File() override;
+
+    /// IfcGuid of the IfcProject in that file.
+    QString ifcProject() const;
+    void setIfcProject(const QString &ifcProject);
+
+    /// IfcGuid of an IfcSpatialStructureElement in that file, such as a building storey.
+    QString ifcSpatialStructureElement() const;
+    void setIfcSpatialStructureElement(const QString &ifcSpatialStructureElement);
+
+    /// Whether the file lies outside the archive; true until it is set otherwise.
+    bool isExternal() const;
+    void setIsExternal(bool isExternal);
+
+    /// See the class.
+    QString filename() const;
+    void setFilename(const QString &filename);
+
+    /// Date of the file, in the time zone of the text that it was read from; invalid means none.
+    QDateTime date() const;
+    void setDate(const QDateTime &date);
+
+    /// Free reference text, never interpreted.
+    QString reference() const;
+    void setReference(const QString &reference);
+
+    QVariant toQVariant() const;
+    /// Overwrites every field; a missing key gives the field's default.
+    void fromQVariant(const QVariant &variant);
+
+protected:
+    explicit File(QObject *parent);
+
+private:
+    friend class Topic;
+
+    QString _ifcProject;
+    QString _ifcSpatialStructureElement;
+    bool _isExternal = true;
+    QString _filename;
+    QDateTime _date;
+    QString _reference;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_FILE_H

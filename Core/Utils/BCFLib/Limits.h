@@ -1,0 +1,32 @@
+#ifndef BCFLIB_LIMITS_H
+#define BCFLIB_LIMITS_H
+
+#include <QtGlobal>
+
+namespace BCFLib {
+
+/// Bounds on what one entry of an archive may cost. Archives come from strangers; each bound is far
+/// above anything that the field has seen and far below what takes a process down.
+namespace Limits {
+
+/// Bytes of one XML file. A viewpoint of 308,000 elements takes some 50 MB.
+constexpr qint64 xmlBytes = 256LL * 1024 * 1024;
+
+/// Elements, attributes and other markup of one XML file, since a document in memory takes some
+/// 200 bytes for each. A viewpoint of 308,000 elements has two million.
+constexpr qint64 xmlNodes = 10LL * 1000 * 1000;
+
+/// Nesting of elements in one XML file. The format nests less than ten levels; documents are
+/// parsed in quadratic time and destroyed by recursion over their depth.
+constexpr int xmlDepth = 100;
+
+/// Bytes of one snapshot image.
+constexpr qint64 snapshotBytes = 256LL * 1024 * 1024;
+
+/// Bytes of one attachment: what a QByteArray can hold with its own bookkeeping.
+constexpr qint64 attachmentBytes = 2LL * 1024 * 1024 * 1024 - 64;
+
+} // namespace Limits
+} // namespace BCFLib
+
+#endif // BCFLIB_LIMITS_H

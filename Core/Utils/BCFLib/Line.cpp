@@ -1,0 +1,32 @@
+#include "Line.h"
+
+namespace BCFLib {
+
+Line::Line(QObject *parent)
+    : QObject(parent)
+{
+}
+
+Line::~Line() = default;
+
+osg::Vec3d Line::startPoint() const
+{
+    return _startPoint;
+}
+
+void Line::setStartPoint(const osg::Vec3d &startPoint)
+{
+    _startPoint = startPoint;
+}
+
+osg::Vec3d Line::endPoint() const
+{
+    return _endPoint;
+}
+
+void Line::setEndPoint(const osg::Vec3d &endPoint)
+{
+    _endPoint = endPoint;
+}
+
+} // namespace BCFLib

@@ -1,0 +1,44 @@
+#ifndef BCFLIB_LINE_H
+#define BCFLIB_LINE_H
+
+#include "BCFLibExport.h"
+#include "Vec3dMetaType.h"
+
+#include <QObject>
+#include <osg/Vec3d>
+
+namespace BCFLib {
+
+/// A line drawn into a viewpoint as an annotation.
+///
+/// Made by Viewpoint::addLine() and owned by that viewpoint; a host removes a line by deleting it.
+/// Coordinates are metres in the coordinate system of the building model. Nothing checks that the
+/// two points differ.
+class BCFLIB_EXPORT Line : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(osg::Vec3d _startPoint READ startPoint WRITE setStartPoint)
+    Q_PROPERTY(osg::Vec3d _endPoint READ endPoint WRITE setEndPoint)
+
+public:
+    ~Line() override;
+
+    osg::Vec3d startPoint() const;
+    void setStartPoint(const osg::Vec3d &startPoint);
+
+    osg::Vec3d endPoint() const;
+    void setEndPoint(const osg::Vec3d &endPoint);
+
+protected:
+    explicit Line(QObject *parent = nullptr);
+
+private:
+    friend class Viewpoint;
+
+    osg::Vec3d _startPoint;
+    osg::Vec3d _endPoint;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_LINE_H

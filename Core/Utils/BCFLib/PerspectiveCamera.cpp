@@ -1,0 +1,29 @@
+#include "PerspectiveCamera.h"
+
+#include <Core/Utils/Utility/Vec3dVariant.h>
+#include <QVariantMap>
+
+namespace BCFLib {
+
+PerspectiveCamera::PerspectiveCamera() = default;
+
+QVariant PerspectiveCamera::toQVariant() const
+{
+    QVariantMap map;
+    map.insert(QStringLiteral("camera_view_point"), Tavrin::Vec3dToQVariant(cameraViewPoint));
+    map.insert(QStringLiteral("camera_direction"), Tavrin::Vec3dToQVariant(cameraDirection));
+    map.insert(QStringLiteral("camera_up_vector"), Tavrin::Vec3dToQVariant(cameraUpVector));
+    map.insert(QStringLiteral("field_of_view"), fieldOfView);
+    return map;
+}
+
+void PerspectiveCamera::fromQVariant(const QVariant &variant)
+{
+    const QVariantMap map = variant.toMap();
+    cameraViewPoint = Tavrin::Vec3dFromQVariant(map.value(QStringLiteral("camera_view_point")).toMap());
+    cameraDirection = Tavrin::Vec3dFromQVariant(map.value(QStringLiteral("camera_direction")).toMap());
+    cameraUpVector = Tavrin::Vec3dFromQVariant(map.value(QStringLiteral("camera_up_vector")).toMap());
+    fieldOfView = map.value(QStringLiteral("field_of_view")).toDouble();
+}
+
+} // namespace BCFLib

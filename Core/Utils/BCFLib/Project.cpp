@@ -1,0 +1,99 @@
+#include "Project.h"
+
+#include "XmlElements.h"
+#include "XmlFile.h"
+
+#include <QDomDocument>
+#include <QIODevice>
+#include <QVariantMap>
+#include <memory>
+
+namespace BCFLib {
+
+Project::Project(const QString &guid, QObject *parent)
+    : QObject(parent)
+{
+    setObjectName(guid);
+}
+
+Project::~Project() = default;
+
+QString Project::guid() const
+{
+    return objectName();
+}
+
+void Project::setGuid(const QString &guid)
+{
+    setObjectName(guid);
+}
+
+QString Project::name() const
+{
+    return _name;
+}
+
+void Project::setName(const QString &name)
+{
+    _name = name;
+}
+
+QString Project::extensionSchema() const
+{
+    return _extensionSchema;
+}
+
+void Project::setExtensionSchema(const QString &extensionSchema)
+{
+    _extensionSchema = extensionSchema;
+}
+
+QVariant Project::toQVariant() const
+{
+    QVariantMap map;
+    map.insert(QStringLiteral("project_id"), guid());
+    map.insert(QStringLiteral("name"), _name);
+    map.insert(QStringLiteral("extension_schema"), _extensionSchema);
+    return map;
+}
+
+Project *Project::Deserialize(QIODevice *device)
+{
+    QDomDocument document;
+    if (device == nullptr || !XmlFile::read(device, &document)) {
+        return nullptr;
+    }
+    std::unique_ptr<Project> project(new Project(QString(), nullptr));
+    project->readProject(document);
+    return project.release();
+}
+
+bool Project::serialize(QIODevice *device)
+{
+    QDomDocument document;
+    writeProject(document);
+    XmlFile::write(document, device);
+    return true;
+}
+
+void Project::readProject(QDomDocument &document)
+{
+    const QDomElement extension = document.firstChildElement(QStringLiteral("ProjectExtension"));
+    const QDomElement project = extension.firstChildElement(QStringLiteral("Project"));
+    if (!project.isNull()) {
+        setGuid(project.attribute(QStringLiteral("ProjectId")));
+        _name = Xml::childText(project, QStringLiteral("Name"));
+    }
+    _extensionSchema = Xml::childText(extension, QStringLiteral("ExtensionSchema"));
+}
+
+void Project::writeProject(QDomDocument &document)
+{
+    QDomElement extension = Xml::appendElement(document, document, QStringLiteral("ProjectExtension"));
+    QDomElement project = Xml::appendElement(document, extension, QStringLiteral("Project"));
+    Xml::setAttribute(project, QStringLiteral("ProjectId"), guid());
+    Xml::appendText(document, project, QStringLiteral("Name"), _name);
+    Xml::appendText(document, extension, QStringLiteral("ExtensionSchema"), _extensionSchema);
+}
+
+} // namespace BCFLib

@@ -1,0 +1,62 @@
+#ifndef BCFLIB_PROJECT_H
+#define BCFLIB_PROJECT_H
+
+#include "BCFLibExport.h"
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+class QDomDocument;
+class QIODevice;
+
+namespace BCFLib {
+
+/// The project that an archive belongs to, the optional file "project.bcfp" at its root.
+///
+/// Made by BCFModel::addProject() or by a load, and owned by the model.
+class BCFLIB_EXPORT Project : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _guid READ guid WRITE setGuid)
+    Q_PROPERTY(QString _name READ name WRITE setName)
+    Q_PROPERTY(QString _extensionSchema READ extensionSchema WRITE setExtensionSchema)
+
+public:
+    ~Project() override;
+
+    /// The project's identifier, which is the object name.
+    QString guid() const;
+    void setGuid(const QString &guid);
+
+    QString name() const;
+    void setName(const QString &name);
+
+    /// Name of the schema that lists the project's own types and statuses. The schema itself is
+    /// neither opened nor checked.
+    QString extensionSchema() const;
+    void setExtensionSchema(const QString &extensionSchema);
+
+    /// The project as a map with the keys "project_id", "name" and "extension_schema".
+    QVariant toQVariant() const;
+
+protected:
+    Project(const QString &guid, QObject *parent);
+
+    /// Reads a project file; null if it is not well-formed. The caller owns the result.
+    static Project *Deserialize(QIODevice *device);
+    void readProject(QDomDocument &document);
+    /// Writes the project file to an open device; always true.
+    bool serialize(QIODevice *device);
+    void writeProject(QDomDocument &document);
+
+private:
+    friend class BCFModel;
+
+    QString _name;
+    QString _extensionSchema;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_PROJECT_H

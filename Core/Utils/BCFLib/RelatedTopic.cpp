@@ -1,0 +1,30 @@
+#include "RelatedTopic.h"
+
+#include <utility>
+
+namespace BCFLib {
+
+RelatedTopic::RelatedTopic(QString guid, QObject *parent)
+    : QObject(parent)
+    , _guid(std::move(guid))
+{
+}
+
+RelatedTopic::~RelatedTopic() = default;
+
+QString RelatedTopic::guid() const
+{
+    return _guid;
+}
+
+void RelatedTopic::setGuid(const QString &guid)
+{
+    _guid = guid;
+}
+
+QVariant RelatedTopic::toQVariant() const
+{
+    return _guid;
+}
+
+} // namespace BCFLib

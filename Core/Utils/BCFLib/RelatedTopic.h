@@ -1,0 +1,41 @@
+#ifndef BCFLIB_RELATEDTOPIC_H
+#define BCFLIB_RELATEDTOPIC_H
+
+#include "BCFLibExport.h"
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+namespace BCFLib {
+
+/// A link from a topic to another one, by guid. Nothing checks that the other topic exists.
+///
+/// Made by Topic::addRelatedTopic() or by a load; owned by the topic that the link starts from.
+class BCFLIB_EXPORT RelatedTopic : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _guid READ guid WRITE setGuid)
+
+public:
+    ~RelatedTopic() override;
+
+    /// Guid of the topic that the link leads to. It is a field; the object name stays empty.
+    QString guid() const;
+    void setGuid(const QString &guid);
+
+    /// The bare guid text, not a map.
+    QVariant toQVariant() const;
+
+protected:
+    RelatedTopic(QString guid, QObject *parent);
+
+private:
+    friend class Topic;
+
+    QString _guid;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_RELATEDTOPIC_H

@@ -1,0 +1,246 @@
+#ifndef BCFLIB_TOPIC_H
+#define BCFLIB_TOPIC_H
+
+#include "BCFLibExport.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QSharedPointer>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+class QDomDocument;
+class QDomElement;
+class QIODevice;
+
+namespace BCFLib {
+
+class BimSnippet;
+class Comment;
+class DocumentReference;
+class File;
+class RelatedTopic;
+class Viewpoint;
+
+/// One issue of an archive: its fields, what hangs under it, and the images of its viewpoints.
+///
+/// Made by BCFModel::addTopic(), by a load, or from its variant form; owned by its QObject parent,
+/// as a rule the model. The topic owns its comments, viewpoints, files, document references,
+/// snippet and related topics in the same way: every list is in the order in which its objects
+/// came under the topic, and an object that is deleted, by the topic's operations or by the host
+/// itself, leaves its list.
+///
+/// A setter stores its argument and does nothing else; in particular nothing updates the
+/// modification date or author.
+class BCFLIB_EXPORT Topic : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _topicType READ topicType WRITE setTopicType)
+    Q_PROPERTY(QString _topicStatus READ topicStatus WRITE setTopicStatus)
+    Q_PROPERTY(QString _title READ title WRITE setTitle)
+    Q_PROPERTY(QString _referenceLink READ referenceLink WRITE setReferenceLink)
+    Q_PROPERTY(QString _description READ description WRITE setDescription)
+    Q_PROPERTY(QString _priority READ priority WRITE setPriority)
+    Q_PROPERTY(int _index READ index WRITE setIndex)
+    Q_PROPERTY(QStringList _labels READ labels WRITE setLabels)
+    Q_PROPERTY(QDateTime _creationDate READ creationDate WRITE setCreationDate)
+    Q_PROPERTY(QString _creationAuthor READ creationAuthor WRITE setCreationAuthor)
+    Q_PROPERTY(QDateTime _modifiedDate READ modifiedDate WRITE setModifiedDate)
+    Q_PROPERTY(QString _modifiedAuthor READ modifiedAuthor WRITE setModifiedAuthor)
+    Q_PROPERTY(QString _assignedTo READ assignedTo WRITE setAssignedTo)
+
+public:
+    /// Builds a topic from its variant form.
+    ///
+    /// The classes of its comments and viewpoints follow the model above @p parent.
+    Topic(const QVariant &variant, QObject *parent);
+    ~Topic() override;
+
+    /// The identifier of the topic, which is the object name and the folder's name in a saved archive.
+    QString guid() const;
+    void setGuid(const QString &guid);
+
+    /// Kind of issue, free text.
+    QString topicType() const;
+    void setTopicType(const QString &topicType);
+
+    /// State of the issue, free text.
+    QString topicStatus() const;
+    void setTopicStatus(const QString &topicStatus);
+
+    QString title() const;
+    void setTitle(const QString &title);
+
+    /// Link to an outside reference.
+    QString referenceLink() const;
+    void setReferenceLink(const QString &referenceLink);
+
+    QString description() const;
+    void setDescription(const QString &description);
+
+    /// Urgency as free text, not a number.
+    QString priority() const;
+    void setPriority(const QString &priority);
+
+    /// Position in a host's own numbering; -1 means that there is none. Nothing keeps it unique.
+    int index() const;
+    void setIndex(int index);
+
+    /// Labels in file order, duplicates kept.
+    QStringList labels() const;
+    void setLabels(const QStringList &labels);
+
+    /// When the issue was made; local time after a load.
+    QDateTime creationDate() const;
+    void setCreationDate(const QDateTime &creationDate);
+
+    QString creationAuthor() const;
+    void setCreationAuthor(const QString &creationAuthor);
+
+    /// Last change; invalid means none.
+    QDateTime modifiedDate() const;
+    void setModifiedDate(const QDateTime &modifiedDate);
+
+    QString modifiedAuthor() const;
+    void setModifiedAuthor(const QString &modifiedAuthor);
+
+    /// Who is to deal with the issue.
+    QString assignedTo() const;
+    void setAssignedTo(const QString &assignedTo);
+
+    QList<Comment *> comments() const;
+    /// The first comment of that guid, or null.
+    Comment *comment(const QString &guid) const;
+    /// Adds a comment of the class that the model's version calls for.
+    ///
+    /// A comment of the same @p guid is deleted first; an empty guid gives a fresh one.
+    Comment *addComment(const QString &guid);
+    /// Deletes the comment of that guid, if any.
+    void removeComment(const QString &guid);
+    void removeComments();
+
+    QList<Viewpoint *> viewpoints() const;
+    /// The first viewpoint of that guid, or null.
+    Viewpoint *viewpoint(const QString &guid) const;
+    /// Adds a viewpoint of the class that the model's version calls for.
+    ///
+    /// A viewpoint of the same @p guid is deleted first; an empty guid gives a fresh one. The only
+    /// viewpoint of a topic is named "viewpoint.bcfv"; one that is added beside others has no
+    /// file name, and so is not saved, until the host gives it one.
+    Viewpoint *addViewpoint(const QString &guid);
+    /// Deletes the viewpoint of that guid, if any. Its image stays in the snapshot store.
+    void removeViewpoint(const QString &guid);
+    /// Deletes all viewpoints. Their images stay in the snapshot store.
+    void removeViewpoints();
+
+    /// Stores a copy of @p data as the image of the viewpoint of that guid, replacing an earlier one.
+    ///
+    /// False if @p data is null or the topic has no such viewpoint. The topic's only image is named
+    /// "snapshot.png"; the names of others are the host's to set.
+    bool addSnapshot(const QString &guid, QByteArray *data);
+    /// The same with all bytes of @p device, which is opened for reading and stays open.
+    ///
+    /// False also if the device can't be opened or holds more than an image may.
+    bool addSnapshot(const QString &guid, QIODevice *device);
+    /// The stored image or null; owned by the topic, good until it is replaced or removed.
+    QByteArray *snapshot(const QString &guid) const;
+    /// Forgets the image of the viewpoint of that guid and clears the viewpoint's snapshot name.
+    ///
+    /// Does nothing if the topic has no such viewpoint. The names of other images stay as they are.
+    void removeSnapshot(const QString &guid);
+
+    QList<File *> files() const;
+    File *addFile();
+    void removeFiles();
+
+    QList<DocumentReference *> documentReferences() const;
+    /// Adds a document reference; the guid is taken as it comes, also an empty or repeated one.
+    DocumentReference *addDocumentReference(const QString &guid);
+    void removeDocumentReferences();
+
+    /// The first snippet, or null. Only this one is saved.
+    BimSnippet *bimSnippet() const;
+    BimSnippet *addBimSnippet();
+    /// Deletes the first snippet, if any.
+    void removeBimSnippet();
+
+    QList<RelatedTopic *> relatedTopics() const;
+    /// Adds a link to another topic; an empty @p guid gives a fresh one.
+    RelatedTopic *addRelatedTopic(const QString &guid);
+    void removeRelatedTopics();
+
+    /// Whether guid, title, author and date are there and all viewpoints are usable.
+    bool isValid() const;
+
+    /// The topic with all that hangs below it as nested maps and lists.
+    QVariant toQVariant() const;
+    /// Replaces everything that the topic holds, apart from its stored images, by what @p variant tells.
+    ///
+    /// Pointers to former comments, viewpoints and other children are invalid afterwards.
+    void fromQVariant(const QVariant &variant);
+
+protected:
+    Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,
+          QObject *parent);
+
+    /// Reads the markup file of a topic folder that was found in an archive of @p version.
+    ///
+    /// Null if @p device is null or holds no well-formed XML. The caller owns the result. The names
+    /// of files that travel inside the archive are appended to @p files.
+    static Topic *Deserialize(QIODevice *device, QStringList &files, const QString &version);
+    QStringList readHeader(QDomDocument &doc);
+    void readTopic(QDomDocument &doc, const QString &version);
+    void readViewpoints(QDomDocument &doc, const QString &version);
+    void readComments(QDomDocument &doc, const QString &version);
+    /// Supplies the values that isValid() insists on and that a version 1.0 file may lack.
+    void fillMissingFields();
+
+    /// Writes the markup file to an open device; always true.
+    ///
+    /// The absolute paths of files that are to travel inside the archive are appended to @p files.
+    bool serialize(QIODevice *device, QStringList &files);
+    QStringList writeHeader(QDomDocument &doc, QDomElement &parent);
+    void writeTopic(QDomDocument &doc, QDomElement &parent);
+    void writeComments(QDomDocument &doc, QDomElement &parent);
+    void writeViewpoints(QDomDocument &doc, QDomElement &parent);
+    /// Writes the stored image of that guid; false if there is none or the write fails.
+    bool writeSnaphot(const QString &guid, QIODevice *device);
+
+    Comment *createComment(const QString &guid);
+    Viewpoint *createViewpoint(const QString &guid);
+
+    bool allViewpointValid() const;
+
+private:
+    friend class BCFModel;
+
+    void readAttachments(const QDomElement &topic);
+    void writeAttachments(QDomDocument &doc, QDomElement &topic);
+    void attachmentsFromQVariant(const QVariantMap &map);
+    bool takeAsDescription(const QString &text);
+    bool storeSnapshot(Viewpoint *viewpoint, const QByteArray &bytes);
+    bool hasOneViewpoint() const;
+
+    QString _topicType;
+    QString _topicStatus;
+    QString _title;
+    QString _referenceLink;
+    QString _description;
+    QString _priority;
+    int _index = -1;
+    QStringList _labels;
+    QDateTime _creationDate;
+    QString _creationAuthor;
+    QDateTime _modifiedDate;
+    QString _modifiedAuthor;
+    QString _assignedTo;
+    QMap<QString, QSharedPointer<QByteArray>> _snapshots;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_TOPIC_H

@@ -1,0 +1,86 @@
+#include "Version.h"
+
+#include "BCFModel.h"
+#include "XmlElements.h"
+#include "XmlFile.h"
+
+#include <QDomDocument>
+#include <QIODevice>
+#include <memory>
+
+namespace BCFLib {
+
+Version::Version(QObject *parent)
+    : QObject(parent)
+{
+}
+
+Version::~Version() = default;
+
+QString Version::versionId() const
+{
+    return _versionId;
+}
+
+void Version::setVersionId(const QString &versionId)
+{
+    _versionId = versionId;
+}
+
+QString Version::detailedVersion() const
+{
+    return _detailedVersion;
+}
+
+void Version::setDetailedVersion(const QString &detailedVersion)
+{
+    _detailedVersion = detailedVersion;
+}
+
+bool Version::isValid() const
+{
+    return _versionId == BCFModel::currentBCFVersion() || BCFModel::isBCF_2_0(_versionId);
+}
+
+Version *Version::BCF1Version()
+{
+    Version *version = new Version;
+    version->setVersionId(QStringLiteral("1.0"));
+    version->setDetailedVersion(QStringLiteral("1.0"));
+    return version;
+}
+
+Version *Version::Deserialize(QIODevice *device)
+{
+    QDomDocument document;
+    if (device == nullptr || !XmlFile::read(device, &document)) {
+        return nullptr;
+    }
+    std::unique_ptr<Version> version(new Version(nullptr));
+    version->readVersion(document);
+    return version.release();
+}
+
+bool Version::serialize(QIODevice *device)
+{
+    QDomDocument document;
+    writeVersion(document);
+    XmlFile::write(document, device);
+    return true;
+}
+
+void Version::readVersion(QDomDocument &document)
+{
+    const QDomElement version = document.firstChildElement(QStringLiteral("Version"));
+    _versionId = version.attribute(QStringLiteral("VersionId"));
+    _detailedVersion = Xml::childText(version, QStringLiteral("DetailedVersion"));
+}
+
+void Version::writeVersion(QDomDocument &document)
+{
+    QDomElement version = Xml::appendElement(document, document, QStringLiteral("Version"));
+    Xml::setAttribute(version, QStringLiteral("VersionId"), _versionId);
+    Xml::appendText(document, version, QStringLiteral("DetailedVersion"), _detailedVersion);
+}
+
+} // namespace BCFLib

@@ -1,0 +1,58 @@
+#ifndef BCFLIB_VERSION_H
+#define BCFLIB_VERSION_H
+
+#include "BCFLibExport.h"
+
+#include <QObject>
+#include <QString>
+
+class QDomDocument;
+class QIODevice;
+
+namespace BCFLib {
+
+/// The version record of an archive, the file "bcf.version" at its root.
+///
+/// Made by BCFModel::createVersion() or by a load, and owned by the model.
+class BCFLIB_EXPORT Version : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString _versionId READ versionId WRITE setVersionId)
+    Q_PROPERTY(QString _detailedVersion READ detailedVersion WRITE setDetailedVersion)
+
+public:
+    ~Version() override;
+
+    /// The version text, such as "2.1"; compared as text everywhere, never as a number.
+    QString versionId() const;
+    void setVersionId(const QString &versionId);
+
+    /// Free text beside the version; nothing tests it.
+    QString detailedVersion() const;
+    void setDetailedVersion(const QString &detailedVersion);
+
+    /// Whether the version is one that a model can be of: exactly "2.1" or exactly "2.0".
+    bool isValid() const;
+
+protected:
+    explicit Version(QObject *parent = nullptr);
+
+    /// The record of an archive that has no version file. The caller owns it.
+    static Version *BCF1Version();
+    /// Reads a version file; null if it is not well-formed. The caller owns the result.
+    static Version *Deserialize(QIODevice *device);
+    void readVersion(QDomDocument &document);
+    /// Writes the version file to an open device; always true.
+    bool serialize(QIODevice *device);
+    void writeVersion(QDomDocument &document);
+
+private:
+    friend class BCFModel;
+
+    QString _versionId;
+    QString _detailedVersion;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_VERSION_H

@@ -1,0 +1,107 @@
+#include "XmlElements.h"
+
+#include "DOMXml.h"
+
+#include <QDomDocument>
+
+#include <algorithm>
+
+namespace BCFLib {
+
+namespace {
+
+/// Whether XML 1.0 has no place for this UTF-16 unit outside a surrogate pair.
+bool isUnwritable(ushort unit)
+{
+    const bool isControl = unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r';
+    return isControl || QChar::isSurrogate(unit) || unit >= 0xFFFE;
+}
+
+} // namespace
+
+QString Xml::childText(const QDomElement &parent, const QString &name)
+{
+    return parent.firstChildElement(name).text();
+}
+
+QString Xml::childGuid(const QDomElement &parent, const QString &name)
+{
+    return parent.firstChildElement(name).attribute(QStringLiteral("Guid"));
+}
+
+bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QString *text)
+{
+    const QDomText node = parent.firstChildElement(name).firstChild().toText();
+    if (node.isNull()) {
+        return false;
+    }
+    *text = node.data();
+    return true;
+}
+
+QDateTime Xml::childLocalDate(const QDomElement &parent, const QString &name)
+{
+    return QDateTime::fromString(childText(parent, name), Qt::ISODate).toLocalTime();
+}
+
+QString Xml::dateText(const QDateTime &date)
+{
+    return date.toUTC().toString(Qt::ISODate);
+}
+
+QString Xml::flagText(bool flag)
+{
+    return flag ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+QString Xml::writableText(const QString &text)
+{
+    const ushort *units = text.utf16();
+    const bool isSuspicious = std::any_of(units, units + text.size(), isUnwritable);
+    if (!isSuspicious) {
+        return text;
+    }
+    QString result = text;
+    for (int i = 0; i < result.size(); ++i) {
+        if (result.at(i).isHighSurrogate() && i + 1 < result.size() && result.at(i + 1).isLowSurrogate()) {
+            ++i;
+        } else if (isUnwritable(result.at(i).unicode())) {
+            result[i] = QChar::ReplacementCharacter;
+        }
+    }
+    return result;
+}
+
+void Xml::setAttribute(QDomElement &element, const QString &name, const QString &value)
+{
+    element.setAttribute(name, writableText(value));
+}
+
+void Xml::setAttributeIfNotEmpty(QDomElement &element, const QString &name, const QString &value)
+{
+    if (!value.isEmpty()) {
+        setAttribute(element, name, value);
+    }
+}
+
+QDomElement Xml::appendElement(QDomDocument &document, QDomNode &parent, const QString &name)
+{
+    QDomElement element = document.createElement(name);
+    parent.appendChild(element);
+    return element;
+}
+
+void Xml::appendText(QDomDocument &document, QDomElement &parent, const QString &name, const QString &text)
+{
+    parent.appendChild(Tavrin::DOMXml::createTextElement(document, name, text));
+}
+
+void Xml::appendTextIfNotEmpty(QDomDocument &document, QDomElement &parent, const QString &name,
+                               const QString &text)
+{
+    if (!text.isEmpty()) {
+        appendText(document, parent, name, text);
+    }
+}
+
+} // namespace BCFLib
