@@ -1,0 +1,76 @@
+#include "TestArchive.h"
+
+#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
+#include <quazip/quazip.h>
+#include <quazip/quazipfile.h>
+#include <quazip/quazipnewinfo.h>
+
+TestArchive::TestArchive(const QString &version)
+{
+    if (!version.isNull()) {
+        add(QStringLiteral("bcf.version"), "<Version VersionId=\"" + version.toUtf8() + "\"/>");
+    }
+}
+
+TestArchive &TestArchive::add(const QString &name, const QByteArray &content)
+{
+    _entries.append({name, content});
+    return *this;
+}
+
+TestArchive &TestArchive::addTopic(const QByteArray &topic, const QByteArray &rest)
+{
+    return add(QStringLiteral("t/markup.bcf"),
+               "<Markup><Topic Guid=\"t\">" + topic + "</Topic>" + rest + "</Markup>");
+}
+
+QString TestArchive::path(const QString &name) const
+{
+    return _folder.filePath(name);
+}
+
+QString TestArchive::write() const
+{
+    QuaZip zip(path());
+    bool isWritten = zip.open(QuaZip::mdCreate);
+    for (const auto &entry : _entries) {
+        QuaZipFile file(&zip);
+        isWritten = isWritten && file.open(QIODevice::WriteOnly, QuaZipNewInfo(entry.first))
+                    && file.write(entry.second) == entry.second.size();
+    }
+    zip.close();
+    Q_ASSERT(isWritten);
+    return path();
+}
+
+QSharedPointer<BCFLib::BCFModel> TestArchive::load() const
+{
+    return load(write());
+}
+
+QSharedPointer<BCFLib::BCFModel> TestArchive::load(const QString &path)
+{
+    return BCFLib::BCFModel::Deserialize(path, Tavrin::ProgressionSignals(nullptr));
+}
+
+QStringList TestArchive::entryNames(const QString &path)
+{
+    QuaZip zip(path);
+    return zip.open(QuaZip::mdUnzip) ? zip.getFileNameList() : QStringList();
+}
+
+QByteArray TestArchive::entry(const QString &path, const QString &name)
+{
+    QuaZip zip(path);
+    if (!zip.open(QuaZip::mdUnzip) || !zip.setCurrentFile(name)) {
+        return QByteArray();
+    }
+    QuaZipFile file(&zip);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray TestArchive::png()
+{
+    return QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJg"
+                                  "gg==");
+}

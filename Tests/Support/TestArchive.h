@@ -1,0 +1,48 @@
+#ifndef TESTS_TESTARCHIVE_H
+#define TESTS_TESTARCHIVE_H
+
+#include <BCFModel.h>
+
+#include <QByteArray>
+#include <QPair>
+#include <QSharedPointer>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QVector>
+
+/// An archive that a test puts together from short strings, in a folder that goes with it.
+class TestArchive
+{
+public:
+    /// With a version file of that version; a null text leaves the file out.
+    explicit TestArchive(const QString &version = QStringLiteral("2.1"));
+
+    /// Adds an entry behind the others; names may be repeated and odd.
+    TestArchive &add(const QString &name, const QByteArray &content);
+    /// Adds the markup of the folder "t": @p topic is the inside of its Topic element, which has the
+    /// guid "t", and @p rest is what stands beside it.
+    TestArchive &addTopic(const QByteArray &topic, const QByteArray &rest = QByteArray());
+
+    /// A path in the archive's folder.
+    QString path(const QString &name = QStringLiteral("test.bcf")) const;
+    /// Writes the archive and gives its path.
+    QString write() const;
+    /// Writes and loads the archive.
+    QSharedPointer<BCFLib::BCFModel> load() const;
+
+    /// Loads any archive.
+    static QSharedPointer<BCFLib::BCFModel> load(const QString &path);
+    /// The names of the entries of an archive, in the order of its directory.
+    static QStringList entryNames(const QString &path);
+    /// The bytes of an entry; null if there is none.
+    static QByteArray entry(const QString &path, const QString &name);
+    /// The smallest PNG image.
+    static QByteArray png();
+
+private:
+    QTemporaryDir _folder;
+    QVector<QPair<QString, QByteArray>> _entries;
+};
+
+#endif // TESTS_TESTARCHIVE_H
