@@ -1,0 +1,207 @@
+// bcf-inspect: shows what stands in issue archives, or saves one of them again.
+
+#include "JsonWriter.h"
+#include "LoadRunner.h"
+#include "ProgressBar.h"
+#include "Report.h"
+#include "TopicPrinter.h"
+
+#include <Core/Utils/BCFLib/BCFModel.h>
+#include <Core/Utils/BCFLib/Project.h>
+#include <Core/Utils/BCFLib/Version.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QTextCodec>
+#include <QTextStream>
+
+#include <clocale>
+#include <cstdio>
+
+namespace {
+
+enum ExitStatus { AllUsable = 0, SomeNotUsable = 1, WrongUse = 2 };
+
+struct Options
+{
+    QStringList archives;
+    bool json = false;
+    bool save = false;
+    QString saveTo;
+};
+
+struct Verdict
+{
+    bool usable;
+    QString title;
+    QString message;
+};
+
+void complain(const QString &text)
+{
+    std::fprintf(stderr, "bcf-inspect: %s\n", printableLine(text).toUtf8().constData());
+}
+
+Verdict verdictOn(const BCFLib::BCFModel &model, const QString &path)
+{
+    Verdict verdict;
+    verdict.usable = model.isValid(path, verdict.message, verdict.title);
+    // Without a message the title says nothing: that of a good archive reads "Error" too.
+    if (verdict.message.isEmpty()) {
+        verdict.title.clear();
+    }
+    return verdict;
+}
+
+QString sizeText(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.exists() ? QStringLiteral("%1 bytes").arg(file.size()) : QStringLiteral("no such file");
+}
+
+QString versionText(const BCFLib::Version *version)
+{
+    return version ? QStringLiteral("%1 (%2)").arg(version->versionId(), version->detailedVersion())
+                   : QString();
+}
+
+QString projectText(const BCFLib::Project *project)
+{
+    return project ? QStringLiteral("%1 (%2)").arg(project->name(), project->guid()) : QString();
+}
+
+void printArchive(const BCFLib::BCFModel &model, const QString &path, const Verdict &verdict,
+                  QTextStream &out)
+{
+    Report report(out);
+    report.heading(path, QLatin1Char('='));
+    report.field(QStringLiteral("Size"), sizeText(path));
+    report.field(QStringLiteral("Version"), versionText(model.version()));
+    report.field(QStringLiteral("Project"), projectText(model.project()));
+    report.field(QStringLiteral("Load error"), model.errorString());
+    report.field(QStringLiteral("Usable"), verdict.usable ? QStringLiteral("yes") : QStringLiteral("no"));
+    report.field(QStringLiteral("Title"), verdict.title);
+    report.field(QStringLiteral("Message"), verdict.message);
+    TopicPrinter(model, report).printAll();
+    out << '\n';
+}
+
+/// A save that fails leaves a broken file behind and the old one lost, so it goes to a file beside
+/// the wanted one, which takes the name only when it is complete.
+bool save(BCFLib::BCFModel &model, const QString &path)
+{
+    const QString unfinished = path + QStringLiteral(".part");
+    if (!model.version() || !model.serialize(unfinished)) {
+        QFile::remove(unfinished);
+        return false;
+    }
+    return std::rename(QFile::encodeName(unfinished).constData(), QFile::encodeName(path).constData()) == 0;
+}
+
+bool inspect(const QString &path, const Options &options, QFile &out)
+{
+    ProgressBar bar(QFileInfo(path).fileName());
+    const QSharedPointer<BCFLib::BCFModel> model = loadInThread(path, bar);
+    const Verdict verdict = verdictOn(*model, path);
+
+    if (options.json) {
+        writeJson(*model, out);
+    } else {
+        QTextStream text(&out);
+        text.setCodec("UTF-8");
+        printArchive(*model, path, verdict, text);
+    }
+    if (!verdict.usable) {
+        complain(QFileInfo::exists(path) ? verdict.message : QStringLiteral("%1: no such file").arg(path));
+    }
+
+    if (options.save && !save(*model, options.saveTo)) {
+        complain(QStringLiteral("can't save %1").arg(options.saveTo));
+        return false;
+    }
+    return verdict.usable;
+}
+
+/// Whatever the locale says: names on the command line are read and texts are written as UTF-8,
+/// and the widths of characters are known.
+void useUtf8()
+{
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+/// An error text if the program was called wrongly. Ends the program for --help and --version.
+QString readCommandLine(QCommandLineParser &parser, Options &options)
+{
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    const QCommandLineOption json(
+        QStringLiteral("json"),
+        QStringLiteral("Print one JSON array of topics for each archive, one on a line."));
+    const QCommandLineOption saveTo(QStringLiteral("save"), QStringLiteral("Save what was loaded to <out>."),
+                                    QStringLiteral("out"));
+    parser.setApplicationDescription(
+        QStringLiteral("Shows what stands in archives of the BIM Collaboration Format."));
+    parser.addOption(json);
+    parser.addOption(saveTo);
+    parser.addPositionalArgument(QStringLiteral("archive"), QStringLiteral("The archives to show."),
+                                 QStringLiteral("archive..."));
+
+    if (!parser.parse(QCoreApplication::arguments())) {
+        return parser.errorText();
+    }
+    if (parser.isSet(help)) {
+        parser.showHelp();
+    }
+    if (parser.isSet(version)) {
+        parser.showVersion();
+    }
+
+    options.archives = parser.positionalArguments();
+    options.json = parser.isSet(json);
+    options.save = parser.isSet(saveTo);
+    options.saveTo = parser.value(saveTo);
+    if (options.archives.isEmpty()) {
+        return QStringLiteral("no archive given");
+    }
+    if (options.save && (options.archives.size() != 1 || options.saveTo.isEmpty())) {
+        return QStringLiteral("--save takes a name and exactly one archive");
+    }
+    return QString();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    useUtf8();
+    QCoreApplication application(argc, argv);
+    useUtf8(); // the application has set the locale of the environment
+    QCoreApplication::setApplicationName(QStringLiteral("bcf-inspect"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(BCF_INSPECT_VERSION));
+
+    QCommandLineParser parser;
+    Options options;
+    const QString error = readCommandLine(parser, options);
+    if (!error.isEmpty()) {
+        complain(error);
+        std::fputs(qPrintable(parser.helpText()), stderr);
+        return WrongUse;
+    }
+
+    QFile out;
+    out.open(stdout, QIODevice::WriteOnly);
+    ExitStatus status = AllUsable;
+    for (const QString &path : options.archives) {
+        if (!inspect(path, options, out)) {
+            status = SomeNotUsable;
+        }
+    }
+    if (!out.flush() || out.error() != QFileDevice::NoError) {
+        complain(QStringLiteral("can't write the output: %1").arg(out.errorString()));
+        status = SomeNotUsable;
+    }
+    return status;
+}
