@@ -3,6 +3,7 @@
 #include "BoundedReading.h"
 #include "CacheFolder.h"
 #include "DOMXml.h"
+#include "GuidIndex.h"
 #include "Limits.h"
 #include "ObjectTree.h"
 #include "Project.h"
@@ -13,7 +14,7 @@
 
 #include <Core/Utils/QtCoreTools/ProgressionSignals.h>
 #include <Core/Utils/Utility/NewId.h>
-#include <QDir>
+#include <QChildEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
@@ -128,7 +129,7 @@ QList<Topic *> BCFModel::topics() const
 
 Topic *BCFModel::topic(const QString &guid) const
 {
-    return ObjectTree::byGuid<Topic>(this, guid);
+    return findByGuid<Topic>(this, _topicIndex, guid);
 }
 
 Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, const QDateTime &creationDate,
@@ -140,6 +141,13 @@ Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, c
 void BCFModel::removeTopic(const QString &guid)
 {
     delete topic(guid);
+}
+
+void BCFModel::childEvent(QChildEvent *event)
+{
+    if (_topicIndex != nullptr) {
+        _topicIndex->childEvent(event);
+    }
 }
 
 QString BCFModel::errorString() const

@@ -10,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 class QuaZip;
 class QuaZipDir;
 
@@ -19,6 +21,7 @@ class ProgressionSignals;
 
 namespace BCFLib {
 
+class GuidIndex;
 class Project;
 class Topic;
 class Version;
@@ -116,6 +119,8 @@ protected:
 
     Version *addVersion();
 
+    void childEvent(QChildEvent *event) override;
+
     static Version *readVersion(QuaZip *zip);
     static Project *readProject(QuaZip *zip);
     static Topic *readTopic(QuaZip *zip, QuaZipDir *dir, QStringList &files, const QString &version);
@@ -132,6 +137,7 @@ private:
     static bool writeAttachment(QuaZip *zip, const QString &path);
 
     QString _errorString;
+    mutable std::unique_ptr<GuidIndex> _topicIndex;
 };
 
 } // namespace BCFLib

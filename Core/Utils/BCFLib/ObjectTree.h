@@ -46,9 +46,9 @@ QList<T *> all(const QObject *owner)
     return found;
 }
 
-/// The first object of class T below @p owner that @p accepts, direct children before all others.
-template<class T, class Predicate>
-T *firstWhere(const QObject *owner, const Predicate &accepts)
+/// The first child of @p owner of class T that @p accepts.
+template <class T, class Predicate>
+T *childWhere(const QObject *owner, const Predicate &accepts)
 {
     for (QObject *child : owner->children()) {
         T *match = qobject_cast<T *>(child);
@@ -56,14 +56,31 @@ T *firstWhere(const QObject *owner, const Predicate &accepts)
             return match;
         }
     }
+    return nullptr;
+}
+
+template <class T, class Predicate>
+T *firstWhere(const QObject *owner, const Predicate &accepts);
+
+/// The first object of class T that @p accepts, below the children of @p owner.
+template <class T, class Predicate>
+T *furtherBelowWhere(const QObject *owner, const Predicate &accepts)
+{
     for (QObject *child : owner->children()) {
-        if (mayHoldMore(child)) {
-            if (T *match = firstWhere<T>(child, accepts)) {
-                return match;
-            }
+        T *match = mayHoldMore(child) ? firstWhere<T>(child, accepts) : nullptr;
+        if (match != nullptr) {
+            return match;
         }
     }
     return nullptr;
+}
+
+/// The first object of class T below @p owner that @p accepts, direct children before all others.
+template <class T, class Predicate>
+T *firstWhere(const QObject *owner, const Predicate &accepts)
+{
+    T *child = childWhere<T>(owner, accepts);
+    return child != nullptr ? child : furtherBelowWhere<T>(owner, accepts);
 }
 
 /// The first object of class T below @p owner.
@@ -75,7 +92,7 @@ T *first(const QObject *owner)
 
 /// The first object of class T below @p owner whose guid, the object name, is @p guid.
 ///
-/// Unlike QObject::findChild() a null text is a guid like any other empty one, no wildcard.
+/// Unlike with QObject::findChild() a null text is a guid like any other empty one, no wildcard.
 template<class T>
 T *byGuid(const QObject *owner, const QString &guid)
 {

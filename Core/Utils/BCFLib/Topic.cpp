@@ -9,6 +9,7 @@
 #include "Comment.h"
 #include "DocumentReference.h"
 #include "File.h"
+#include "GuidIndex.h"
 #include "Limits.h"
 #include "ObjectTree.h"
 #include "RelatedTopic.h"
@@ -18,6 +19,7 @@
 #include "XmlFile.h"
 
 #include <Core/Utils/Utility/NewId.h>
+#include <QChildEvent>
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QIODevice>
@@ -225,7 +227,7 @@ QList<Comment *> Topic::comments() const
 
 Comment *Topic::comment(const QString &guid) const
 {
-    return ObjectTree::byGuid<Comment>(this, guid);
+    return findByGuid<Comment>(this, _commentIndex, guid);
 }
 
 Comment *Topic::addComment(const QString &guid)
@@ -263,7 +265,7 @@ QList<Viewpoint *> Topic::viewpoints() const
 
 Viewpoint *Topic::viewpoint(const QString &guid) const
 {
-    return ObjectTree::byGuid<Viewpoint>(this, guid);
+    return findByGuid<Viewpoint>(this, _viewpointIndex, guid);
 }
 
 Viewpoint *Topic::addViewpoint(const QString &guid)
@@ -428,6 +430,15 @@ bool Topic::allViewpointValid() const
         needsSnapshotFile |= !snapshotFilename.isEmpty();
     }
     return hasViewpointFile && (hasSnapshotFile || !needsSnapshotFile);
+}
+
+void Topic::childEvent(QChildEvent *event)
+{
+    for (const std::unique_ptr<GuidIndex> *index : {&_commentIndex, &_viewpointIndex}) {
+        if (*index != nullptr) {
+            (*index)->childEvent(event);
+        }
+    }
 }
 
 void Topic::fillMissingFields()

@@ -13,6 +13,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <memory>
+
 class QDomDocument;
 class QDomElement;
 class QIODevice;
@@ -23,6 +25,7 @@ class BimSnippet;
 class Comment;
 class DocumentReference;
 class File;
+class GuidIndex;
 class RelatedTopic;
 class Viewpoint;
 
@@ -215,6 +218,8 @@ protected:
 
     bool allViewpointValid() const;
 
+    void childEvent(QChildEvent *event) override;
+
 private:
     friend class BCFModel;
 
@@ -239,6 +244,8 @@ private:
     QString _modifiedAuthor;
     QString _assignedTo;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
+    mutable std::unique_ptr<GuidIndex> _commentIndex;
+    mutable std::unique_ptr<GuidIndex> _viewpointIndex;
 };
 
 } // namespace BCFLib
