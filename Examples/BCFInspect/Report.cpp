@@ -1,6 +1,6 @@
 #include "Report.h"
 
-#include <QStringList>
+#include <QLocale>
 #include <QTextStream>
 #include <QVector>
 
@@ -117,6 +117,22 @@ QString printable(const QString &text)
 QString printableLine(const QString &text)
 {
     return printable(text).simplified();
+}
+
+QString joined(QStringList parts)
+{
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+QString countText(qint64 count)
+{
+    return QLocale(QLocale::English).toString(count);
+}
+
+QString yesOrNo(bool value)
+{
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
 }
 
 Report::Report(QTextStream &out)

@@ -2,6 +2,7 @@
 #define BCFINSPECT_REPORT_H
 
 #include <QString>
+#include <QStringList>
 
 class QTextStream;
 
@@ -14,6 +15,14 @@ QString printable(const QString &text);
 
 /// The same on one line.
 QString printableLine(const QString &text);
+
+/// The parts that are there, with commas between them.
+QString joined(QStringList parts);
+
+/// A number with its digits in groups, whatever the locale says.
+QString countText(qint64 count);
+
+QString yesOrNo(bool value);
 
 /// Named values in two columns, no line longer than 80 columns of a terminal.
 ///

@@ -25,9 +25,7 @@ QString dateText(const QDateTime &date)
 /// "author, date", or what is known of the two.
 QString byText(const QString &author, const QDateTime &date)
 {
-    QStringList parts{author, dateText(date)};
-    parts.removeAll(QString());
-    return parts.join(QStringLiteral(", "));
+    return joined({author, dateText(date)});
 }
 
 QString placeText(bool isExternal)
@@ -61,8 +59,8 @@ void TopicPrinter::printAll()
 
 void TopicPrinter::print(const BCFLib::Topic &topic, int number, int count)
 {
-    _report.heading(QStringLiteral("Topic %1 of %2: %3").arg(number).arg(count).arg(topic.title()),
-                    QLatin1Char('-'));
+    const QString title = topic.title().isEmpty() ? QStringLiteral("-") : topic.title();
+    _report.heading(QStringLiteral("Topic %1 of %2: %3").arg(number).arg(count).arg(title), QLatin1Char('-'));
     printFields(topic);
     printFiles(topic);
     printReferences(topic);
@@ -73,7 +71,7 @@ void TopicPrinter::print(const BCFLib::Topic &topic, int number, int count)
 void TopicPrinter::printFields(const BCFLib::Topic &topic)
 {
     _report.field(QStringLiteral("Guid"), topic.guid());
-    _report.field(QStringLiteral("Title"), topic.title());
+    _report.field(QStringLiteral("Usable"), yesOrNo(topic.isValid()));
     _report.field(QStringLiteral("Type"), topic.topicType());
     _report.field(QStringLiteral("Status"), topic.topicStatus());
     _report.field(QStringLiteral("Priority"), topic.priority());
@@ -110,10 +108,8 @@ void TopicPrinter::printReferences(const BCFLib::Topic &topic)
 
     QStringList documents;
     for (const BCFLib::DocumentReference *document : topic.documentReferences()) {
-        QStringList parts{document->description(), document->referencedDocument(),
-                          placeText(document->isExternal())};
-        parts.removeAll(QString());
-        documents << parts.join(QStringLiteral(", "));
+        documents << joined(
+            {document->description(), document->referencedDocument(), placeText(document->isExternal())});
     }
     _report.field(QStringLiteral("Documents"), documents.join(QLatin1Char('\n')));
 
@@ -124,13 +120,12 @@ void TopicPrinter::printReferences(const BCFLib::Topic &topic)
     }
     _report.field(QStringLiteral("Related"), related.join(QLatin1Char('\n')));
 
-    QStringList snippet;
+    QString snippet;
     if (const BCFLib::BimSnippet *const bim = topic.bimSnippet()) {
-        snippet << bim->snippetType() << bim->reference() << bim->referenceSchema()
-                << placeText(bim->isExternal());
-        snippet.removeAll(QString());
+        snippet = joined(
+            {bim->snippetType(), bim->reference(), bim->referenceSchema(), placeText(bim->isExternal())});
     }
-    _report.field(QStringLiteral("Snippet"), snippet.join(QStringLiteral(", ")));
+    _report.field(QStringLiteral("Snippet"), snippet);
 }
 
 void TopicPrinter::printComments(const BCFLib::Topic &topic)

@@ -6,19 +6,12 @@
 #include <Core/Utils/BCFLib/BCF_2_0_Viewpoint.h>
 #include <Core/Utils/BCFLib/Components.h>
 
-#include <QLocale>
 #include <QStringList>
 
 namespace {
 
 constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
-
-/// A number as people read it, with digits in groups.
-QString countText(int count)
-{
-    return QLocale(QLocale::English).toString(count);
-}
 
 QString numberText(double number)
 {
@@ -65,11 +58,9 @@ QString hintText(const QString &name, Tavrin::Boolean value)
 
 QString hintsText(const BCFLib::ViewSetupHints &hints)
 {
-    QStringList parts{hintText(QStringLiteral("spaces"), hints.spacesVisible),
-                      hintText(QStringLiteral("space boundaries"), hints.spaceBoundariesVisible),
-                      hintText(QStringLiteral("openings"), hints.openingsVisible)};
-    parts.removeAll(QString());
-    return parts.join(QStringLiteral(", "));
+    return joined({hintText(QStringLiteral("spaces"), hints.spacesVisible),
+                   hintText(QStringLiteral("space boundaries"), hints.spaceBoundariesVisible),
+                   hintText(QStringLiteral("openings"), hints.openingsVisible)});
 }
 
 /// The colour groups can be read through the variant form only.
@@ -82,17 +73,17 @@ QString coloringText(const BCFLib::Components &components)
                      .arg(countText(map.value(QStringLiteral("components")).toList().size()),
                           map.value(QStringLiteral("color")).toString());
     }
-    return parts.join(QStringLiteral(", "));
+    return joined(parts);
 }
 
 void printSets(BCFLib::Components &components, Report &report)
 {
-    const QString others = components.getDefaultVisibility() ? QStringLiteral("hidden, all others shown")
-                                                             : QStringLiteral("shown, all others hidden");
+    const QString others = components.getDefaultVisibility() ? QStringLiteral(" hidden, all others shown")
+                                                             : QStringLiteral(" shown, all others hidden");
     report.field(QStringLiteral("Hints"), hintsText(components.getViewSetupHints()));
     report.field(QStringLiteral("Selected"), countText(components.getSelectionComponents().size()));
     report.field(QStringLiteral("Excepted"),
-                 countText(components.getVisibilityExceptionComponents().size()) + QLatin1Char(' ') + others);
+                 countText(components.getVisibilityExceptionComponents().size()) + others);
     report.field(QStringLiteral("Coloured"), coloringText(components));
 }
 
@@ -110,7 +101,7 @@ void printList(const BCF_2_0_Lib::Viewpoint &viewpoint, Report &report)
         coloured += component->color().isEmpty() ? 0 : 1;
     }
     report.field(QStringLiteral("Listed"),
-                 QStringLiteral("%1, of them %2 selected, %3 shown, %4 hidden, %5 coloured")
+                 QStringLiteral("%1: selected %2, shown %3, hidden %4, coloured %5")
                      .arg(countText(components.size()), countText(selected), countText(shown),
                           countText(hidden), countText(coloured)));
 }
@@ -121,11 +112,12 @@ void printViewpoint(const BCFLib::Viewpoint &viewpoint, const QByteArray *snapsh
 {
     const BCF_2_0_Lib::Viewpoint *const listForm = qobject_cast<const BCF_2_0_Lib::Viewpoint *>(&viewpoint);
 
+    report.field(QStringLiteral("Usable"), yesOrNo(viewpoint.isValid()));
     report.field(QStringLiteral("Form"), listForm ? QStringLiteral("list") : QStringLiteral("sets"));
     report.field(QStringLiteral("File"), viewpoint.viewpointFilename());
     printCameras(viewpoint, report);
     report.field(QStringLiteral("Geometry"),
-                 QStringLiteral("%1 lines, %2 clipping planes, %3 bitmaps")
+                 QStringLiteral("lines %1, clipping planes %2, bitmaps %3")
                      .arg(countText(viewpoint.lines().size()), countText(viewpoint.clippingPlanes().size()),
                           countText(viewpoint.bitmaps().size())));
     if (listForm) {

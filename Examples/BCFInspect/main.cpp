@@ -58,7 +58,7 @@ Verdict verdictOn(const BCFLib::BCFModel &model, const QString &path)
 QString sizeText(const QString &path)
 {
     const QFileInfo file(path);
-    return file.exists() ? QStringLiteral("%1 bytes").arg(file.size()) : QStringLiteral("no such file");
+    return file.exists() ? countText(file.size()) + QStringLiteral(" bytes") : QStringLiteral("no such file");
 }
 
 QString versionText(const BCFLib::Version *version)
@@ -69,7 +69,7 @@ QString versionText(const BCFLib::Version *version)
 
 QString projectText(const BCFLib::Project *project)
 {
-    return project ? QStringLiteral("%1 (%2)").arg(project->name(), project->guid()) : QString();
+    return project ? joined({project->name(), project->guid()}) : QString();
 }
 
 void printArchive(const BCFLib::BCFModel &model, const QString &path, const Verdict &verdict,
@@ -81,7 +81,7 @@ void printArchive(const BCFLib::BCFModel &model, const QString &path, const Verd
     report.field(QStringLiteral("Version"), versionText(model.version()));
     report.field(QStringLiteral("Project"), projectText(model.project()));
     report.field(QStringLiteral("Load error"), model.errorString());
-    report.field(QStringLiteral("Usable"), verdict.usable ? QStringLiteral("yes") : QStringLiteral("no"));
+    report.field(QStringLiteral("Usable"), yesOrNo(verdict.usable));
     report.field(QStringLiteral("Title"), verdict.title);
     report.field(QStringLiteral("Message"), verdict.message);
     TopicPrinter(model, report).printAll();
@@ -114,11 +114,12 @@ bool inspect(const QString &path, const Options &options, QFile &out)
         printArchive(*model, path, verdict, text);
     }
     if (!verdict.usable) {
-        complain(QFileInfo::exists(path) ? verdict.message : QStringLiteral("%1: no such file").arg(path));
+        complain(path + QStringLiteral(": ")
+                 + (QFileInfo::exists(path) ? verdict.message : QStringLiteral("no such file")));
     }
 
     if (options.save && !save(*model, options.saveTo)) {
-        complain(QStringLiteral("can't save %1").arg(options.saveTo));
+        complain(options.saveTo + QStringLiteral(": can't be saved"));
         return false;
     }
     return verdict.usable;

@@ -259,8 +259,8 @@ def topic_beam():
     markup = node(
         "Markup",
         node("Header",
-             model_file("clinic-structure.ifc", "2024-03-08T17:45:00+01:00", "structure"),
-             model_file("../" + DUCT_FILE, "2024-03-12T08:30:00+01:00", "ventilation", "false")),
+             model_file("clinic-structure.ifc", "2024-03-08T16:45:00Z", "structure"),
+             model_file("../" + DUCT_FILE, "2024-03-12T07:30:00Z", "ventilation", "false")),
         node("Topic",
              node("ReferenceLink", "https://example.com/clinic/clashes/204"),
              node("Title", "Supply duct D-31 runs through beam B-204"),
@@ -330,7 +330,7 @@ def topic_damper():
     topic = "topic damper"
     markup = node(
         "Markup",
-        node("Header", model_file("clinic-ventilation.ifc", "2024-03-12T08:30:00+01:00", "ventilation")),
+        node("Header", model_file("clinic-ventilation.ifc", "2024-03-12T07:30:00Z", "ventilation")),
         node("Topic",
              node("Title", "Fire damper missing where duct D-31 enters shaft S3"),
              node("Priority", "Critical"), node("Index", "2"),
