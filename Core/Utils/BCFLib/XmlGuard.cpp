@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QRegularExpression>
 #include <QString>
-#include <QXmlStreamReader>
+#include <QXmlInputSource>
 
 #include <cstring>
 
@@ -38,8 +38,9 @@ class MarkupScanner
 {
 public:
     explicit MarkupScanner(const QByteArray &bytes)
-        : _at(bytes.constData())
-        , _end(bytes.constData() + bytes.size())
+        : _bytes(bytes)
+        , _at(_bytes.constData())
+        , _end(_at + _bytes.size())
     {
     }
 
@@ -143,37 +144,22 @@ private:
         }
     }
 
+    const QByteArray _bytes;
     const char *_at;
     const char *_end;
     Tally _tally;
     bool _harmless = true;
 };
 
-/// The same for a file in any other encoding, by a parser that builds nothing.
-bool isHarmlessInAnyEncoding(const QByteArray &bytes)
+/// The text of a file in any encoding as the parser will see it, in UTF-8.
+QByteArray decoded(const QByteArray &bytes)
 {
-    QXmlStreamReader reader(bytes);
-    reader.setNamespaceProcessing(false);
-    Tally tally;
-    bool harmless = true;
-    while (harmless && !reader.atEnd()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            harmless = tally.open() && tally.node(reader.attributes().size());
-            break;
-        case QXmlStreamReader::EndElement:
-            tally.close();
-            break;
-        case QXmlStreamReader::DTD:
-            harmless = !reader.text().contains(QLatin1String("<!ENTITY"))
-                && !reader.text().contains(QLatin1String("<!ATTLIST"));
-            break;
-        default:
-            harmless = tally.node(1);
-            break;
-        }
-    }
-    return harmless;
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QXmlInputSource source;
+    source.setData(bytes);
+    QT_WARNING_POP
+    return source.data().toUtf8();
 }
 
 /// Whether the bytes are in UTF-8 or in another encoding that leaves ASCII as it is.
@@ -205,7 +191,7 @@ bool extendsAscii(const QByteArray &bytes)
 
 bool XmlGuard::isHarmless(const QByteArray &bytes)
 {
-    return extendsAscii(bytes) ? MarkupScanner(bytes).isHarmless() : isHarmlessInAnyEncoding(bytes);
+    return MarkupScanner(extendsAscii(bytes) ? bytes : decoded(bytes)).isHarmless();
 }
 
 } // namespace BCFLib
