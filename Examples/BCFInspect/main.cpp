@@ -110,7 +110,6 @@ bool inspect(const QString &path, const Options &options, QFile &out)
         writeJson(*model, out);
     } else {
         QTextStream text(&out);
-        text.setCodec("UTF-8");
         printArchive(*model, path, verdict, text);
     }
     if (!verdict.usable) {
