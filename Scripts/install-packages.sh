@@ -12,6 +12,7 @@ packages=(
     ninja-build
     pkg-config
     qtbase5-dev
+    qttools5-dev-tools
     unzip
     zlib1g-dev
 )

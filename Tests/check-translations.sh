@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# check-translations.sh LUPDATE
+#
+# Fails if a catalogue lacks a text of the library, holds one that is gone, or leaves one untranslated.
+# After a change of texts: lupdate -locations none -no-obsolete Core -ts Translations/*.ts
+set -euo pipefail
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+cp Translations/*.ts "$scratch"
+"$1" -silent -locations none -no-obsolete Core -ts "$scratch"/*.ts
+for catalogue in Translations/*.ts; do
+    diff -u "$catalogue" "$scratch/$(basename "$catalogue")"
+done
+if grep -n 'type="unfinished"' Translations/*.ts; then
+    exit 1
+fi

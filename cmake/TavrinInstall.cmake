@@ -1,0 +1,25 @@
+# What is installed beside the libraries and programs: the CMake package, documents and samples.
+include(CMakePackageConfigHelpers)
+
+set(package_config TavrinBCFLibConfig.cmake TavrinBCFLibConfigVersion.cmake)
+list(TRANSFORM package_config PREPEND ${PROJECT_BINARY_DIR}/)
+
+set(translations ${TAVRIN_TRANSLATIONSDIR})
+configure_package_config_file(cmake/TavrinBCFLibConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/TavrinBCFLibConfig.cmake
+    INSTALL_DESTINATION ${TAVRIN_CMAKEDIR}
+    PATH_VARS translations)
+# Before 1.0.0 a new minor version may change interfaces.
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/TavrinBCFLibConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+
+install(FILES ${package_config} cmake/FindOpenSceneGraphHeaders.cmake
+    DESTINATION ${TAVRIN_CMAKEDIR} COMPONENT development)
+install(EXPORT TavrinBCFLibTargets NAMESPACE Tavrin::
+    DESTINATION ${TAVRIN_CMAKEDIR} COMPONENT development)
+
+install(FILES README.md CHANGELOG.md
+    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY Examples/
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT development
+    FILES_MATCHING PATTERN *.bcf PATTERN *.bcfzip PATTERN *.cpp PATTERN *.h)
