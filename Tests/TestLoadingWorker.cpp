@@ -1,0 +1,118 @@
+#include "TestArchive.h"
+
+#include <BCFLoadingWorker.h>
+#include <Topic.h>
+
+#include <QScopedPointer>
+#include <QTest>
+#include <QThread>
+
+using BCFLib::BCFLoadingWorker;
+
+namespace {
+
+/// Everything that a worker says, in order: "+n" for a maximum, "n" for steps, "end".
+void listen(const BCFLoadingWorker *worker, QStringList *said)
+{
+    const auto note = [said](const QString &text) { said->append(text); };
+    QObject::connect(worker, &BCFLoadingWorker::addMaxSig, [note](qint64 n) { note(QString("+%1").arg(n)); });
+    QObject::connect(worker, &BCFLoadingWorker::addStepsSig, [note](qint64 n) { note(QString::number(n)); });
+    QObject::connect(worker, &BCFLoadingWorker::loadingFinished, [note] { note("end"); });
+}
+
+TestArchive &addTopics(TestArchive &archive, int count, const QByteArray &header)
+{
+    for (int i = 0; i < count; ++i) {
+        const QByteArray guid = QByteArray::number(i);
+        archive.add(guid + "/markup.bcf",
+                    "<M>" + header + "<Topic Guid='" + guid + "'/><Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint>"
+                    "<Snapshot>s.png</Snapshot></Viewpoints></M>");
+        archive.add(guid + "/v.bcfv", "<VisualizationInfo/>").add(guid + "/s.png", TestArchive::png());
+    }
+    return archive.add("x.ifc", "shared");
+}
+
+const QByteArray header = "<Header><File isExternal='false'><Filename>../x.ifc</Filename></File></Header>";
+
+} // namespace
+
+class TestLoadingWorker : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void progress_data();
+    void progress();
+    void twoThreads();
+};
+
+void TestLoadingWorker::progress_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("topicHeader");
+    QTest::addColumn<QString>("said");
+
+    QTest::newRow("no archive") << "none" << QByteArray() << "+1 end";
+    QTest::newRow("two folders") << "2.1" << QByteArray() << "+1 +2 1 1 1 end";
+    QTest::newRow("two folders that share a file") << "2.1" << header << "+1 +2 1 1 +1 1 1 end";
+    QTest::newRow("a file that is missing ends the load") << "2.1" << QByteArray(header).replace("x.", "y.")
+                                                          << "+1 +2 1 1 +1 end";
+}
+
+void TestLoadingWorker::progress()
+{
+    QFETCH(QString, version);
+    QFETCH(QByteArray, topicHeader);
+    QFETCH(QString, said);
+
+    TestArchive archive;
+    const QString path = version == "none" ? archive.path() : addTopics(archive, 2, topicHeader).write();
+    BCFLoadingWorker worker(path);
+    QStringList heard;
+    listen(&worker, &heard);
+    QCOMPARE(worker.filename(), path);
+    QVERIFY(worker.model().isNull());
+    for (int run = 0; run < 2; ++run) {
+        const QSharedPointer<BCFLib::BCFModel> before = worker.model();
+        heard.clear();
+        worker.doLoad();
+        QCOMPARE(heard.join(' '), said);
+        QVERIFY(!worker.model().isNull() && worker.model() != before);
+        QCOMPARE(worker.model()->version() == nullptr, version == "none");
+    }
+}
+
+void TestLoadingWorker::twoThreads()
+{
+    TestArchive archive;
+    const QString path = addTopics(archive, 40, header).write();
+    for (int round = 0; round < 5; ++round) {
+        QThread threads[2];
+        QStringList heard[2];
+        QScopedPointer<BCFLoadingWorker> workers[2];
+        for (int i = 0; i < 2; ++i) {
+            workers[i].reset(new BCFLoadingWorker(path));
+            workers[i]->moveToThread(&threads[i]);
+            listen(workers[i].data(), &heard[i]);
+            connect(&threads[i], &QThread::started, workers[i].data(), &BCFLoadingWorker::doLoad);
+            connect(workers[i].data(), &BCFLoadingWorker::loadingFinished, &threads[i], &QThread::quit,
+                    Qt::DirectConnection);
+        }
+        threads[0].start();
+        threads[1].start();
+        QVERIFY(threads[0].wait() && threads[1].wait());
+        // One model goes with its worker, the other outlives it.
+        const QSharedPointer<BCFLib::BCFModel> model = workers[1]->model();
+        workers[0].reset();
+        workers[1].reset();
+        QCOMPARE(model->errorString(), QString());
+        QCOMPARE(model->topics().size(), 40);
+        QCOMPARE(model->topics().last()->snapshot("v") != nullptr, true);
+        QCOMPARE(heard[0].size(), 2 + 40 + 1 + 1 + 1 + 1);
+        QCOMPARE(heard[0], heard[1]);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestLoadingWorker)
+
+#include "TestLoadingWorker.moc"

@@ -1,0 +1,411 @@
+#include "TestArchive.h"
+
+#include <BCF_2_0_Viewpoint.h>
+#include <BimSnippet.h>
+#include <Bitmap.h>
+#include <Comment.h>
+#include <Components.h>
+#include <File.h>
+#include <Project.h>
+#include <RelatedTopic.h>
+#include <Topic.h>
+#include <Version.h>
+#include <Viewpoint.h>
+
+#include <QColor>
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QTest>
+#include <QXmlStreamReader>
+#include <csignal>
+#include <quazip/quazip.h>
+#include <quazip/quazipfileinfo.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using namespace BCFLib;
+
+namespace {
+
+using ModelPointer = QSharedPointer<BCFModel>;
+
+const QDateTime someDate(QDate(2024, 3, 14), QTime(9, 30), Qt::UTC);
+
+/// The tags and texts of a document, attributes sorted; or the parser's error.
+QString tags(const QByteArray &xml)
+{
+    QString result;
+    QXmlStreamReader reader(xml);
+    while (!xml.isEmpty() && !reader.atEnd()) {
+        reader.readNext();
+        result += '\n' + reader.name() + (reader.isWhitespace() ? QString() : reader.text().toString());
+        QStringList attributes;
+        for (const QXmlStreamAttribute &attribute : reader.attributes()) {
+            attributes.append(QStringLiteral(" %1=\"%2\"").arg(attribute.name(), attribute.value()));
+        }
+        attributes.sort();
+        result += attributes.join(QString());
+    }
+    return result.simplified() + reader.errorString();
+}
+
+/// The document with the children of every element in another order, those of one name left in theirs.
+QByteArray shuffled(const QByteArray &xml)
+{
+    QDomDocument document;
+    document.setContent(xml);
+    QList<QDomElement> open{document.documentElement()};
+    while (!open.isEmpty()) {
+        QDomElement parent = open.takeFirst();
+        QMap<QString, QList<QDomElement>> families;
+        for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+            families[child.tagName()].prepend(child);
+            open.append(child);
+        }
+        for (const QList<QDomElement> &family : qAsConst(families)) {
+            for (const QDomElement &child : family) {
+                parent.insertBefore(child, QDomNode());
+            }
+        }
+    }
+    return document.toByteArray();
+}
+
+/// Spells "<P 0 1 -1/>" out as an element of that name with three coordinates of 16 digits.
+QByteArray withPoints(const QByteArray &xml)
+{
+    const QRegularExpression shortPoint("<(\\w+) (-?[01]) (-?[01]) (-?[01])/>");
+    const QString digits = ".0000000000000000e+00";
+    const QString point = "<\\1><X>\\2%1</X><Y>\\3%1</Y><Z>\\4%1</Z></\\1>";
+    return QString::fromUtf8(xml).replace(shortPoint, point.arg(digits)).toUtf8();
+}
+
+/// Two topics, the first with two viewpoints and their images, and a file that both topics share.
+ModelPointer makeModel(const TestArchive &folder)
+{
+    ModelPointer model = BCFModel::Create(nullptr);
+    model->addProject("p")->setName("Zoë & <Co>");
+    QByteArray noise(40000, '\0');
+    QRandomGenerator(7).generate(noise.begin(), noise.end());
+    QFile local(folder.path("storey.ifc"));
+    local.open(QIODevice::WriteOnly);
+    local.write(noise);
+    for (const char *guid : {"zz", "aa"}) {
+        File *file = model->addTopic("T", "A", someDate, guid)->addFile();
+        file->setIsExternal(false);
+        file->setFilename(local.fileName());
+    }
+    for (const char *name : {"viewpoint", "other"}) {
+        Viewpoint *viewpoint = model->topic("zz")->addViewpoint(name);
+        viewpoint->setSnapshot(TestArchive::png());
+        viewpoint->setViewpointFilename(QString(name) + ".bcfv");
+        viewpoint->setSnapshotFilename(QString(name) + ".png");
+    }
+    return model;
+}
+
+/// Below this limit on the size of a file, writing fails as on a full disk.
+class DiskLimit
+{
+public:
+    explicit DiskLimit(qint64 bytes)
+        : _handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &_before);
+        const rlimit limit{static_cast<rlim_t>(bytes), _before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~DiskLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &_before);
+        std::signal(SIGXFSZ, _handler);
+    }
+
+private:
+    void (*_handler)(int);
+    rlimit _before{};
+};
+
+} // namespace
+
+class TestSaving : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void xml_data();
+    void xml();
+    void entries();
+    void anyTextSurvives();
+    void nextLoadDropsWhatTheFormatCannotHold();
+    void faults_data();
+    void faults();
+    void fullDisk();
+};
+
+void TestSaving::xml_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<QByteArray>("read");
+
+    // Where nothing else is read, it is what is written, in another order.
+    const QByteArray same;
+    QTest::newRow("a markup") << "2.1" << QByteArray(R"(<Markup>
+        <Header><File IfcProject="i" IfcSpatialStructureElement="h" isExternal="true"><Filename>../a/b.ifc</Filename>
+            <Date>2019-12-31T22:00:00Z</Date><Reference>j</Reference></File><File isExternal="false"/></Header>
+        <Topic Guid="t" TopicType="y" TopicStatus="s"><Title>x</Title><ReferenceLink>w</ReferenceLink>
+            <Description>v</Description><Priority>u</Priority><Index>0</Index><CreationAuthor>q</CreationAuthor>
+            <CreationDate>2020-05-31T23:59:59Z</CreationDate><ModifiedAuthor>p</ModifiedAuthor>
+            <ModifiedDate>2020-06-01T14:30:00Z</ModifiedDate><Labels>o</Labels><Labels/><Labels>o</Labels>
+            <AssignedTo>n</AssignedTo><BimSnippet SnippetType="k" isExternal="true"><Reference>m</Reference>
+            <ReferenceSchema>l</ReferenceSchema></BimSnippet><DocumentReference Guid="g" isExternal="true">
+            <ReferencedDocument>f</ReferencedDocument><Description>e</Description></DocumentReference>
+            <DocumentReference isExternal="false"/><RelatedTopics Guid="r"/></Topic>
+        <Comment Guid="c"><Date>2020-01-01T00:00:00Z</Date><Author>C</Author><Comment>text</Comment><Topic Guid="t"/>
+            <Viewpoint Guid="v2"/><ReplyToComment Guid="d"/><ModifiedDate>2020-01-02T03:04:05Z</ModifiedDate>
+            <ModifiedAuthor>D</ModifiedAuthor></Comment>
+        <Comment Guid="d"><Date/><Author/><Comment/><Topic Guid="t"/></Comment>
+        <Viewpoints Guid="v2"/><Viewpoints Guid="v1"><Viewpoint>1.bcfv</Viewpoint></Viewpoints></Markup>)") << same;
+    QTest::newRow("a version file") << "2.1" << QByteArray("<Version VersionId='2.0'><DetailedVersion>zwölf"
+        "</DetailedVersion></Version>") << same;
+    QTest::newRow("other versions are saved as 2.0") << "2.1" << QByteArray("<Version VersionId='2.0'><DetailedVersion>"
+        "2.0 RC</DetailedVersion></Version>") << QByteArray("<Version VersionId='1.0'/>");
+    QTest::newRow("no version is saved after a failed load") << "2.1" << QByteArray() << QByteArray("<Version>");
+    const QByteArray bare = "<Topic Guid='t'><Title/><CreationAuthor/><CreationDate/></Topic>";
+    QTest::newRow("a comment with a status")
+        << "2.0" << QByteArray("<Markup>" + bare + "<Comment Guid='c'><Date/><Author/><Comment/><Topic Guid='t'/>"
+        "<ModifiedAuthor>m</ModifiedAuthor><VerbalStatus>b</VerbalStatus><Status>a</Status></Comment></Markup>") << same;
+    QTest::newRow("dates are in whole seconds of UTC, flags are words, bad numbers and dead links are gone") << "2.1"
+        << QByteArray(R"(<Markup><Header><File isExternal="true"><Date>2020-01-01T05:30:00Z</Date></File></Header>
+        <Topic Guid="t"><Title/><Index>0</Index><CreationAuthor/><CreationDate>2020-01-01T01:00:00Z</CreationDate>
+        <BimSnippet SnippetType="" isExternal="false"><Reference/></BimSnippet></Topic>
+        <Comment Guid="c"><Date/><Author/><Comment/><Topic Guid="t"/></Comment></Markup>)")
+        << QByteArray(R"(<Any x="1"><Topic Guid="t"><Index>x</Index><BimSnippet isExternal="1"/><Stage/>
+        <CreationDate>2020-01-01T03:00:00.999+02:00</CreationDate></Topic><Comment Guid="c"><Viewpoint Guid="v"/>
+        <ReplyToComment Guid="d"/><Status>a</Status></Comment><Comment Guid="d"><Topic Guid="u"/></Comment>
+        <Header><File isExternal="False"><Date>2020-01-01T00:00:00-05:30</Date></File></Header></Any>)");
+    QTest::newRow("an empty viewpoint in sets form")
+        << "2.1" << QByteArray("<VisualizationInfo><Components><Visibility DefaultVisibility='true'/></Components>"
+        "</VisualizationInfo>") << QByteArray("<VisualizationInfo Guid='v'/>");
+    const QByteArray info = R"(
+        <PerspectiveCamera><CameraViewPoint 1 0 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/>
+            <FieldOfView>6.0000000000000000e+01</FieldOfView></PerspectiveCamera>
+        <OrthogonalCamera><CameraViewPoint 0 1 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/>
+            <ViewToWorldScale>1.0000000000000001e-01</ViewToWorldScale></OrthogonalCamera>
+        <Lines><Line><StartPoint 0 0 0/><EndPoint 1 1 1/></Line><Line><StartPoint 1 0 0/><EndPoint 0 1 1/></Line></Lines>
+        <ClippingPlanes><ClippingPlane><Location 1 1 0/><Direction 0 -1 0/></ClippingPlane></ClippingPlanes>
+        <Bitmaps><Bitmap>JPG</Bitmap><Reference>r.jpg</Reference><Location 1 1 1/><Normal 0 0 1/><Up 0 1 0/>
+            <Height>-2.5000000000000000e+00</Height></Bitmaps>
+        <Bitmaps><Bitmap>PNG</Bitmap><Reference>r.png</Reference><Location 1 0 1/><Normal 0 0 1/><Up 0 1 0/>
+            <Height>1.0000000000000001e-01</Height></Bitmaps></VisualizationInfo>)";
+    QTest::newRow("a viewpoint in sets form") << "2.1" << withPoints(R"(<VisualizationInfo><Components>
+        <ViewSetupHints SpacesVisible="1" OpeningsVisible="0"/><Selection><Component IfcGuid="b"/><Component IfcGuid="a"
+            IfcProjectGuid="j"><OriginatingSystem>g</OriginatingSystem><AuthoringToolId>h</AuthoringToolId></Component>
+            </Selection><Visibility DefaultVisibility="false"><Exceptions><Component IfcGuid="a"/></Exceptions>
+        </Visibility><Coloring><Color Color="0000ff"><Component IfcGuid="f"/></Color><Color Color="00ff00"><Component
+            IfcGuid="e"/></Color></Coloring></Components>)" + info) << same;
+    const QByteArray listInfo = R"(<VisualizationInfo><Components><Component IfcGuid="B" Color="FFff0000"/>
+        <Component IfcGuid="a" Selected="true" Visible="true" IfcProjectGuid="j"><OriginatingSystem>g</OriginatingSystem>
+            <AuthoringToolId>h</AuthoringToolId></Component>
+        <Component IfcGuid="b" Selected="false" Color="#FF0000"/></Components>)";
+    QTest::newRow("a viewpoint in list form") << "2.0" << withPoints(listInfo + info) << same;
+    QTest::newRow("the list form comes out sorted, the last of one guid alone") << "2.0"
+        << QByteArray("<VisualizationInfo><Components><Component IfcGuid='B' Selected='false'/><Component IfcGuid='b'/>"
+        "</Components></VisualizationInfo>") << QByteArray("<VisualizationInfo><Components><Component IfcGuid='b'/>"
+        "<Component IfcGuid='B' Visible='true'/><Component IfcGuid='B' Selected='1'/></Components></VisualizationInfo>");
+    QTest::newRow("half a camera, one of scale 0 and an empty list form leave nothing")
+        << "2.0" << QByteArray("<VisualizationInfo/>")
+        << withPoints("<VisualizationInfo><PerspectiveCamera><CameraViewPoint 0 0 0/></PerspectiveCamera>"
+        "<OrthogonalCamera><CameraViewPoint 0 1 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/><ViewToWorldScale>0"
+        "</ViewToWorldScale></OrthogonalCamera><Components><Component/></Components></VisualizationInfo>");
+    QTest::newRow("colours are sorted, in lower case and without alpha, hints and marks are normal") << "2.1"
+        << QByteArray("<VisualizationInfo><Components><ViewSetupHints SpacesVisible='1'/><Visibility DefaultVisibility="
+        "'true'/><Coloring><Color Color='0000ff'><Component IfcGuid='f'/></Color><Color Color='00ff00'><Component "
+        "IfcGuid='e'/></Color></Coloring></Components></VisualizationInfo>")
+        << QByteArray("<VisualizationInfo><Components><Coloring><Color Color='#FF00FF00'><Component IfcGuid='e'/></Color>"
+        "<Color Color='0000FF'><Component IfcGuid='f'/></Color><Color Color='111111'/></Coloring><ViewSetupHints "
+        "SpacesVisible='true'/></Components></VisualizationInfo>");
+}
+
+void TestSaving::xml()
+{
+    QFETCH(QString, version);
+    QFETCH(QByteArray, written);
+    QFETCH(QByteArray, read);
+
+    const QByteArray file = read.isEmpty() ? shuffled(written) : read;
+    const bool isViewpoint = file.startsWith("<Vis");
+    const bool isVersion = file.startsWith("<Ver");
+    const QString entry = isVersion ? "bcf.version" : isViewpoint ? "t/v.bcfv" : "t/markup.bcf";
+    TestArchive archive(isVersion ? QString() : version);
+    if (isViewpoint) {
+        archive.addTopic("", "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>");
+    }
+    QVERIFY(archive.add(entry, file).load()->serialize(archive.path("saved.bcf")));
+    QCOMPARE(tags(TestArchive::entry(archive.path("saved.bcf"), entry)), tags(written));
+}
+
+void TestSaving::entries()
+{
+    const TestArchive folder;
+    const ModelPointer model = makeModel(folder);
+    QVERIFY(model->serialize(folder.path()));
+    QStringList found;
+    QuaZip zip(folder.path());
+    QVERIFY(zip.open(QuaZip::mdUnzip));
+    for (const QuaZipFileInfo64 &info : zip.getFileInfoList64()) {
+        found.append(QStringLiteral("%1 %2 %3").arg(info.name).arg(info.method).arg(
+            info.externalAttr >> 16 & 0777, 0, 8));
+    }
+    QCOMPARE(found, QStringList({"bcf.version 8 444", "project.bcfp 8 0", "zz/markup.bcf 8 444",
+                                 "zz/viewpoint.bcfv 8 444", "zz/viewpoint.png 8 444", "zz/other.bcfv 8 444",
+                                 "zz/other.png 8 444", "aa/markup.bcf 8 444", "storey.ifc 8 444"}));
+    QCOMPARE(TestArchive::entry(folder.path(), "zz/other.png"), TestArchive::png());
+    QVERIFY(TestArchive::entry(folder.path(), "aa/markup.bcf").contains("<Filename>../storey.ifc</Filename>"));
+    QCOMPARE(TestArchive::entry(folder.path(), "project.bcfp"),
+             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ProjectExtension>\n    <Project ProjectId=\"p\">\n"
+                        "        <Name>Zoë &amp; &lt;Co></Name>\n    </Project>\n"
+                        "    <ExtensionSchema></ExtensionSchema>\n</ProjectExtension>\n"));
+}
+
+void TestSaving::anyTextSurvives()
+{
+    const QString text = QString::fromUtf8("\t<a b=\"c\">&amp; ]]> 'q'\nzweite Zeile \r\n \xF0\x9F\x8F\x97 ende ");
+    const TestArchive folder;
+    const ModelPointer model = BCFModel::Create("2.0", nullptr);
+    Topic *topic = model->addTopic(text, "a", someDate, "t");
+    topic->setTopicType(text);
+    topic->setDescription(QString("no") + QChar(1) + QChar(0xD800) + "where");
+    topic->addComment("c")->setComment(text);
+    static_cast<BCF_2_0_Lib::Viewpoint *>(topic->addViewpoint("v"))->addComponent(text);
+    QVERIFY(model->serialize(folder.path()));
+    const ModelPointer loaded = TestArchive::load(folder.path());
+    QCOMPARE(loaded->topics().size(), 1);
+    const Topic *again = loaded->topics().first();
+    QCOMPARE(again->title(), text);
+    QCOMPARE(again->topicType(), text);
+    QCOMPARE(again->description(), QString("no") + QChar(0xFFFD) + QChar(0xFFFD) + "where");
+    QCOMPARE(again->comment("c")->comment(), text);
+    QVERIFY(static_cast<BCF_2_0_Lib::Viewpoint *>(again->viewpoint("v"))->getComponent(text) != nullptr);
+}
+
+void TestSaving::nextLoadDropsWhatTheFormatCannotHold()
+{
+    const TestArchive folder;
+    const ModelPointer model = BCFModel::Create(nullptr);
+    Topic *topic = model->addTopic("T", "a", someDate.addMSecs(999), "t");
+    topic->addBimSnippet()->setReference("first");
+    topic->addBimSnippet()->setReference("second");
+    topic->addRelatedTopic("r")->setGuid(QString());
+    Comment *lonely = new Comment("lonely", topic);
+    lonely->setComment("has no topic");
+    Viewpoint *viewpoint = topic->addViewpoint("v");
+    viewpoint->addBitmap()->setBitmapFormat(PNG);
+    Bitmap *bitmap = viewpoint->addBitmap();
+    bitmap->setBitmapFormat(static_cast<BitmapFormat>(7));
+    bitmap->setReference("r.bmp");
+    viewpoint->components()->addColoringComponents(QColor("#123456"), QStringList());
+    topic->addViewpoint("unnamed")->setSnapshot(TestArchive::png());
+    topic->viewpoint("unnamed")->setSnapshotFilename(QString());
+    QVERIFY(model->serialize(folder.path()));
+    QVERIFY(TestArchive::entry(folder.path(), "t/viewpoint.bcfv").contains("<Bitmap>BMP</Bitmap>"));
+    QVERIFY(TestArchive::entry(folder.path(), "t/viewpoint.bcfv").contains("<Color Color=\"123456\"/>"));
+    QCOMPARE(TestArchive::entryNames(folder.path()),
+             QStringList({"bcf.version", "t/markup.bcf", "t/viewpoint.bcfv"}));
+
+    const ModelPointer loaded = TestArchive::load(folder.path());
+    const Topic *again = loaded->topic("t");
+    QVERIFY(again != nullptr);
+    QCOMPARE(again->creationDate(), someDate);
+    QCOMPARE(again->findChildren<BimSnippet *>().size(), 1);
+    QCOMPARE(again->bimSnippet()->reference(), QString("first"));
+    QVERIFY(again->relatedTopics().isEmpty());
+    QCOMPARE(again->comment("lonely")->topic(), again);
+    QVERIFY(again->viewpoint("v")->bitmaps().isEmpty());
+    QVERIFY(again->viewpoint("v")->componentsToQVariant().isEmpty());
+    QVERIFY(again->snapshot("unnamed") == nullptr);
+}
+
+void TestSaving::faults_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QStringList>("entries");
+
+    const QStringList image{"bcf.version", "project.bcfp", "zz/markup.bcf", "zz/viewpoint.bcfv", "zz/viewpoint.png"};
+    const QStringList file = image + QStringList{"zz/other.bcfv", "zz/other.png", "aa/markup.bcf", "storey.ifc"};
+    QTest::newRow("an empty path") << "" << QStringList();
+    QTest::newRow("a folder that is not there") << "%1/none/a.bcf" << QStringList();
+    QTest::newRow("a path that is a folder") << "%1" << QStringList();
+    QTest::newRow("a full device") << "/dev/full" << QStringList();
+    QTest::newRow("a folder that may not be written to") << "%1/locked" << QStringList();
+    QTest::newRow("an image that is not there, nothing follows its entry") << "%1/no image" << image;
+    QTest::newRow("an attachment that is gone, after all topics") << "%1/no file" << file;
+}
+
+void TestSaving::faults()
+{
+    QFETCH(QString, path);
+    QFETCH(QStringList, entries);
+
+    const TestArchive folder;
+    QFile folderItself(folder.path(QString()));
+    const ModelPointer model = makeModel(folder);
+    QVERIFY(model->serialize(folder.path("before")));
+    Viewpoint *viewpoint = model->topic("zz")->viewpoint("viewpoint");
+    if (path.endsWith("no image")) {
+        model->topic("zz")->removeSnapshot("viewpoint");
+        viewpoint->setSnapshotFilename("viewpoint.png");
+    } else if (path.endsWith("no file")) {
+        QVERIFY(QFile::rename(folder.path("storey.ifc"), folder.path("away")));
+    } else if (path.endsWith("locked")) {
+        folderItself.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        QVERIFY(geteuid() != 0 || seteuid(65534) == 0);
+    }
+    const bool isSaved = model->serialize(path.replace("%1", folder.path(QString())));
+    QVERIFY(seteuid(getuid()) == 0);
+    folderItself.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QVERIFY(!isSaved);
+    QCOMPARE(TestArchive::entryNames(path), entries);
+    QCOMPARE(model->errorString(), QString());
+
+    // Nothing is lost in memory: once the fault is mended, a save brings what it brought before.
+    viewpoint->setSnapshot(TestArchive::png());
+    QFile::rename(folder.path("away"), folder.path("storey.ifc"));
+    QVERIFY(model->serialize(folder.path("after")));
+    for (const QString &name : TestArchive::entryNames(folder.path("before"))) {
+        QCOMPARE(TestArchive::entry(folder.path("after"), name), TestArchive::entry(folder.path("before"), name));
+    }
+}
+
+void TestSaving::fullDisk()
+{
+    const TestArchive folder;
+    const ModelPointer model = makeModel(folder);
+    QVERIFY(model->serialize(folder.path()));
+    const qint64 size = QFileInfo(folder.path()).size();
+    QVERIFY(size > 40000);
+    QVector<qint64> limits;
+    for (qint64 limit = 0; limit < size; limit += limit < 4000 || limit > size - 1500 ? 7 : 501) {
+        limits.append(limit);
+    }
+    limits.append(size - 1);
+    for (const qint64 limit : qAsConst(limits)) {
+        bool isSaved = false;
+        {
+            const DiskLimit full(limit);
+            isSaved = model->serialize(folder.path("full.bcf"));
+        }
+        QVERIFY2(!isSaved, qPrintable(QStringLiteral("%1 of %2 bytes").arg(limit).arg(size)));
+    }
+    const DiskLimit enough(size);
+    QVERIFY(model->serialize(folder.path("enough.bcf")));
+    QCOMPARE(TestArchive::load(folder.path("enough.bcf"))->topics().size(), 2);
+}
+
+QTEST_GUILESS_MAIN(TestSaving)
+
+#include "TestSaving.moc"
