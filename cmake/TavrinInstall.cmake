@@ -18,6 +18,12 @@ install(FILES ${package_config} cmake/FindOpenSceneGraphHeaders.cmake
 install(EXPORT TavrinBCFLibTargets NAMESPACE Tavrin::
     DESTINATION ${TAVRIN_CMAKEDIR} COMPONENT development)
 
+foreach(program bcf-create bcf-inspect issue-browser)
+    if(TARGET ${program})
+        install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+    endif()
+endforeach()
+
 install(FILES README.md CHANGELOG.md
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 install(DIRECTORY Examples/

@@ -24,6 +24,9 @@ function(tavrin_add_library name)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
     target_compile_definitions(${name} PRIVATE ${upper}_LIBRARY)
+    set(exports ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    target_link_options(${name} PRIVATE LINKER:--version-script=${exports})
+    set_property(TARGET ${name} PROPERTY LINK_DEPENDS ${exports})
     target_compile_features(${name} PUBLIC cxx_std_17)
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
