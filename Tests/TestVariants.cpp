@@ -1,0 +1,389 @@
+#include "TestArchive.h"
+
+#include <BCF_2_0_Comment.h>
+#include <BCF_2_0_Viewpoint.h>
+#include <Bitmap.h>
+#include <Comment.h>
+#include <Components.h>
+#include <Project.h>
+#include <Topic.h>
+
+#include <QColor>
+#include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QPointer>
+#include <QScopedPointer>
+#include <QTest>
+
+#include <algorithm>
+#include <limits>
+
+using namespace BCFLib;
+
+namespace {
+
+/// A form from JSON with single quotes.
+QVariant form(QByteArray json)
+{
+    return QJsonDocument::fromJson(json.replace('\'', '"')).toVariant();
+}
+
+QByteArray jsonOf(const QVariant &variant)
+{
+    return QJsonDocument::fromVariant(variant).toJson(QJsonDocument::Compact);
+}
+
+QString guids(const QVariant &list)
+{
+    QStringList result;
+    for (const QVariant &component : list.toList()) {
+        result.append(component.toMap().value("ifc_guid").toString());
+    }
+    return result.join(',');
+}
+
+/// A form of references in short: "visible but a,b; selected b; #ff0000 a,c".
+QString brief(const QVariantMap &references)
+{
+    QStringList parts;
+    const QVariantMap visibility = references.value("visibility").toMap();
+    if (!visibility.isEmpty()) {
+        const QString word = visibility.value("default_visibility").toBool() ? "visible" : "hidden";
+        parts.append(word + " but " + guids(visibility.value("exceptions")));
+    }
+    if (references.contains("selection")) {
+        parts.append("selected " + guids(references.value("selection")));
+    }
+    for (const QVariant &group : references.value("coloring").toList()) {
+        parts.append(group.toMap().value("color").toString() + ' ' + guids(group.toMap().value("components")));
+    }
+    return parts.join("; ");
+}
+
+/// Components of the list form in short: guid, "+" or "-" for visible, "s" or "n" for selected, "=" and colour.
+QString brief(const BCF_2_0_Lib::Viewpoint *viewpoint)
+{
+    QStringList parts;
+    for (const BCF_2_0_Lib::Component *component : viewpoint->components()) {
+        const QString visible = QStringList{"+", "-", ""}.at(component->visible());
+        const QString selected = QStringList{"s", "n", ""}.at(component->selected());
+        const QString color = component->color().isEmpty() ? QString() : '=' + component->color();
+        parts.append(component->guid() + visible + selected + color);
+    }
+    return parts.join(' ');
+}
+
+void addBrief(BCF_2_0_Lib::Viewpoint *viewpoint, const QString &components)
+{
+    for (const QString &part : components.split(' ', Qt::SkipEmptyParts)) {
+        const QString marks = part.section('=', 0, 0);
+        BCF_2_0_Lib::Component *component = viewpoint->addComponent(part.left(1));
+        component->setVisible(Tavrin::Boolean(marks.contains('+') ? 0 : marks.contains('-') ? 1 : 2));
+        component->setSelected(Tavrin::Boolean(marks.contains('s') ? 0 : marks.contains('n') ? 1 : 2));
+        component->setColor(part.section('=', 1));
+    }
+}
+
+Topic *addTopic(const QSharedPointer<BCFModel> &model)
+{
+    return model->addTopic("T", "A", QDateTime(), "t");
+}
+
+} // namespace
+
+class TestVariants : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void topics_data();
+    void topics();
+    void folding_data();
+    void folding();
+    void references_data();
+    void references();
+    void setsAreWrittenWhereTheyAreNotRead();
+    void liveTopic();
+    void datesAndBytes();
+    void time_data();
+    void time();
+};
+
+void TestVariants::topics_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("given");
+    QTest::addColumn<QByteArray>("rebuilt");
+
+    const QByteArray start = "{'guid':'t','title':'','creation_author':'','creation_date':''";
+    const auto row = [start](const char *name, const QByteArray &given, const QByteArray &rebuilt,
+                             const char *version = "2.1") {
+        QTest::newRow(name) << version << QByteArray("{'guid':'t'" + given + '}') << QByteArray(start + rebuilt + '}');
+    };
+    row("a guid alone", "", "");
+    const QByteArray fields =
+        ",'topic_type':'a','topic_status':'b','reference_link':'c','priority':'d','index':0,'labels':['e','','e'],"
+        "'modified_date':'2024-03-14T09:00:00+05:30','modified_author':'f','assigned_to':'g','description':'h',"
+        "'bim_snippet':{'snippet_type':'','is_external':true,'reference':'','reference_schema':''},'files':[{"
+        "'ifc_project':'i','ifc_spatial_structure_element':'j','is_external':false,'file_name':'k',"
+        "'date':'2024-03-14T09:00:00Z','reference':'l'}],'related_topics':['n','m']";
+    row("all plain fields", fields, fields);
+    row("missing flags: a file is external, others are not", ",'files':[{}],'document_references':[{}],'bim_snippet':{}",
+        ",'files':[{'is_external':true}],'document_references':[{'guid':'','is_external':false}],"
+        "'bim_snippet':{'snippet_type':'','is_external':false,'reference':'','reference_schema':''}");
+    row("a document reference loses its guid", ",'document_references':[{'guid':'d','description':'e'}]",
+        ",'document_references':[{'guid':'','description':'e','is_external':false}]");
+    row("wrong types, negative indexes and empty lists are nothing",
+        ",'index':-7,'files':'x','comments':[],'labels':{},'modified_date':'soon','viewpoints':{}", "");
+    const QByteArray comment = "'date':'','author':'','comment':'','topic_guid':'t'";
+    row("a reply is found only behind what it answers, a link only to what is there",
+        ",'viewpoints':[{'guid':'v'}],'comments':[{'guid':'a','reply_to_comment_guid':'b'},{'guid':'b','topic_guid':'u',"
+        "'viewpoint_guid':'v'},{'viewpoint_guid':'w','reply_to_comment_guid':'a','status':'x'}]",
+        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{}}],'comments':"
+        "[{'guid':'a'," + comment + "},{'guid':'b','viewpoint_guid':'v'," + comment + "},{'guid':'',"
+        "'reply_to_comment_guid':'a'," + comment + "}]");
+    row("a status is written when empty, a verbal one is not", ",'comments':[{},{'verbal_status':'v','status':'s'}]",
+        ",'comments':[{'guid':'','status':''," + comment + "},{'guid':'','verbal_status':'v','status':'s'," + comment
+        + "}]", "2.0");
+    const QByteArray png = ",'snapshot':{'snapshot_type':'png','snapshot_data':'image'},'components':{}";
+    row("file names come with an image only, those of a position without names; a data URL is the image",
+        ",'viewpoints':[{'guid':'a','viewpoint_file':'x','snapshot_file':'y'},{'guid':'b','viewpoint_file':'x',"
+        "'snapshot_file':'y'},{'guid':'c','snapshot':{'snapshot_data':'data:image/png;base64,aW1hZ2U='}},"
+        "{'guid':'d','viewpoint_file':'x','snapshot_file':'y','snapshot':{'snapshot_data':'image'}},"
+        "{'guid':'e','viewpoint_file':'x','snapshot':{'snapshot_data':'image'}},{'guid':'f','viewpoint_file':'x',"
+        "'snapshot':{'snapshot_data':'','snapshot_type':'png'}},{'guid':'','snapshot':{'snapshot_data':'image'}}]",
+        ",'viewpoints':[{'guid':'a','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{}},"
+        "{'guid':'b','components':{}},{'guid':'c','viewpoint_file':'viewpoint2.bcfv','snapshot_file':'snapshot2.png'"
+        + png + "},{'guid':'d','viewpoint_file':'x','snapshot_file':'y'" + png + "},{'guid':'e','viewpoint_file':'x',"
+        "'snapshot_file':''" + png + "},{'guid':'f','components':{}},{'guid':'','viewpoint_file':'viewpoint6.bcfv',"
+        "'snapshot_file':'snapshot6.png','components':{}}]");
+    row("a data URL in other spelling is its own text",
+        ",'viewpoints':[{'guid':'v','snapshot':{'snapshot_data':'DATA:image/png;base64,aW1hZ2U='}}]",
+        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'snapshot.png','components':{},"
+        "'snapshot':{'snapshot_type':'png','snapshot_data':'DATA:image/png;base64,aW1hZ2U='}}]");
+    const QByteArray zero = "{'x':0,'y':0,'z':0}";
+    row("missing points and numbers are 0, so only the perspective camera counts",
+        ",'viewpoints':[{'guid':'v','orthogonal_camera':{},'perspective_camera':{},'lines':[{'start_point':{'x':1}}],"
+        "'clipping_planes':[{}],'bitmaps':[{'bitmap_type':7,'reference':'r'}]}]",
+        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{},"
+        "'perspective_camera':{'camera_view_point':" + zero + ",'camera_direction':" + zero + ",'camera_up_vector':"
+        + zero + ",'field_of_view':0},'lines':[{'start_point':{'x':1,'y':0,'z':0},'end_point':" + zero
+        + "}],'clipping_planes':[{'location':" + zero + ",'direction':" + zero + "}],'bitmaps':[{'bitmap_type':7,"
+        "'location':" + zero + ",'normal':" + zero + ",'up':" + zero + ",'height':0}]}]");
+}
+
+void TestVariants::topics()
+{
+    QFETCH(QString, version);
+    QFETCH(QByteArray, given);
+    QFETCH(QByteArray, rebuilt);
+
+    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+    const Topic *topic = new Topic(form(given), model.data());
+    QCOMPARE(jsonOf(topic->toQVariant()), jsonOf(form(rebuilt)));
+    QCOMPARE(model->topics().size(), 1);
+}
+
+void TestVariants::folding_data()
+{
+    QTest::addColumn<QString>("components");
+    QTest::addColumn<QString>("folded");
+    QTest::addColumn<QString>("unfolded");
+
+    QTest::newRow("no components") << "" << "visible but " << "";
+    QTest::newRow("more shown than hidden: the shown ones are written, the hidden one comes back by its colour")
+        << "a+=ff0000 b+s c-=ff0000" << "hidden but a,b; selected b; #ff0000 a,c" << "a+=ff0000 b+s c=ff0000";
+    QTest::newRow("without colour it is gone") << "a+ b+ c-" << "hidden but a,b" << "a+ b+";
+    QTest::newRow("three shown, two hidden") << "a+ b- c+ d- e+" << "hidden but a,c,e" << "a+ c+ e+";
+    QTest::newRow("two shown, three hidden") << "a- b+ c- d+ e-" << "visible but a,c,e" << "a- c- e-";
+    QTest::newRow("a tie is for the hidden ones") << "a+ b- c+ d-" << "visible but b,d" << "b- d-";
+    QTest::newRow("unset counts as hidden") << "b a+ c" << "visible but b,c" << "b- c-";
+    QTest::newRow("not selected is not told") << "b-n a-s" << "visible but a,b; selected a" << "a-s b-";
+    QTest::newRow("two spellings are two groups of one name")
+        << "a-=ff0000 b-=#ff0000 c-=##1" << "visible but a,b,c; ##1 c; #ff0000 b; #ff0000 a"
+        << "a-=ff0000 b-=ff0000 c-=#1";
+}
+
+void TestVariants::folding()
+{
+    QFETCH(QString, components);
+    QFETCH(QString, folded);
+    QFETCH(QString, unfolded);
+
+    BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
+    addBrief(&viewpoint, components);
+    QCOMPARE(brief(viewpoint.componentsToQVariant()), folded);
+    BCF_2_0_Lib::Viewpoint rebuilt("v", nullptr);
+    for (int time = 0; time < 2; ++time) {
+        rebuilt.componentsFromQVariant(viewpoint.componentsToQVariant());
+        QCOMPARE(brief(&rebuilt), unfolded);
+    }
+}
+
+void TestVariants::references_data()
+{
+    QTest::addColumn<QByteArray>("given");
+    QTest::addColumn<QByteArray>("ofSets");
+    QTest::addColumn<QString>("ofList");
+
+    QTest::newRow("nothing replaces the sets and adds nothing to the list")
+        << QByteArray("{}") << QByteArray("{}") << "o+";
+    QTest::newRow("exceptions without a default: to true in the sets, to false in the list")
+        << QByteArray("{'visibility':{'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
+        << QByteArray("{'visibility':{'default_visibility':true,'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
+        << "a+ b+ o+";
+    QTest::newRow("only the sets take an empty guid")
+        << QByteArray("{'selection':[{'ifc_guid':''},{'ifc_project':'p'},'x',{'ifc_guid':'a'}],'coloring':5}")
+        << QByteArray("{'selection':[{},{'ifc_guid':'a'}]}") << "as o+";
+    QTest::newRow("hints are read inside the visibility alone")
+        << QByteArray("{'view_setup_hints':{'spaces_visible':true},'visibility':{'default_visibility':false,"
+                      "'view_setup_hints':{'openings_visible':false}}}")
+        << QByteArray("{'view_setup_hints':{'openings_visible':false}}") << "o+";
+    QTest::newRow("the list takes groups as a list")
+        << QByteArray("{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]},{'components':[{'ifc_guid':'o'}]}]}")
+        << QByteArray("{}") << "a=red o+";
+    QTest::newRow("the sets take groups as a map, of any key")
+        << QByteArray("{'coloring':{'red':[{'ifc_guid':'a'}],'#00FF00':[]}}")
+        << QByteArray("{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]}]}") << "o+";
+}
+
+void TestVariants::references()
+{
+    QFETCH(QByteArray, given);
+    QFETCH(QByteArray, ofSets);
+    QFETCH(QString, ofList);
+
+    Viewpoint sets("v", nullptr);
+    sets.components()->setSelectionComponents({"old"});
+    sets.components()->addColoringComponents(QColor("#123456"), QStringList{"old"});
+    sets.componentsFromQVariant(form(given).toMap());
+    QCOMPARE(jsonOf(sets.componentsToQVariant()), jsonOf(form(ofSets)));
+    BCF_2_0_Lib::Viewpoint list("v", nullptr);
+    addBrief(&list, "o+");
+    list.componentsFromQVariant(form(given).toMap());
+    QCOMPARE(brief(&list), ofList);
+}
+
+void TestVariants::setsAreWrittenWhereTheyAreNotRead()
+{
+    Viewpoint viewpoint("v", nullptr);
+    Components *sets = viewpoint.components();
+    sets->setDefaultVisibility(false);
+    QVERIFY(viewpoint.componentsToQVariant().isEmpty());
+    ViewSetupHints hints;
+    hints.spaceBoundariesVisible = Tavrin::BooleanFalse;
+    sets->setViewSetupHints(hints);
+    sets->setVisibilityExceptionComponents({"b", "a", "b"});
+    sets->addColoringComponents(QColor("#FF0000"), {"b"});
+    sets->addColoringComponents(QColor("#00ff00"), QStringList());
+    QCOMPARE(jsonOf(viewpoint.componentsToQVariant().take("view_setup_hints")),
+             QByteArray("{\"space_boundaries_visible\":false}"));
+    QCOMPARE(brief(viewpoint.componentsToQVariant()), QString("hidden but b,a,b; #00ff00 ; #ff0000 b"));
+    viewpoint.componentsFromQVariant(viewpoint.componentsToQVariant());
+    QCOMPARE(viewpoint.componentsToQVariant().keys(), QStringList("visibility"));
+    QCOMPARE(brief(viewpoint.componentsToQVariant()), QString("hidden but b,a,b"));
+}
+
+void TestVariants::liveTopic()
+{
+    const QSharedPointer<BCFModel> model = BCFModel::Create("2.0", nullptr);
+    Topic *topic = addTopic(model);
+    topic->fromQVariant(form("{'guid':'t','files':[{}],'document_references':[{}],'related_topics':[{'guid':'x'}],"
+                             "'bim_snippet':{},'viewpoints':[{'guid':'v','lines':[{}],'components':{'selection':"
+                             "[{'ifc_guid':'a'}]},'snapshot':{'snapshot_data':'image'}}],'comments':[{'guid':'c'},"
+                             "{'guid':'d','viewpoint_guid':'v','reply_to_comment_guid':'c'}]}"));
+    QVERIFY(!topic->toQVariant().toMap().value("related_topics").toList().first().toString().isEmpty());
+    Comment *guest = addTopic(model)->addComment("guest");
+    guest->setViewpoint(topic->viewpoint("v"));
+    guest->setReplyToComment(topic->comment("c"));
+    const QList<QObject *> all = topic->findChildren<QObject *>();
+    const QList<QPointer<QObject>> before(all.begin(), all.end());
+    QVariantMap again = topic->toQVariant().toMap();
+    QVariantMap viewpoint = again.value("viewpoints").toList().first().toMap();
+    viewpoint.remove("snapshot");
+    again.insert("viewpoints", QVariantList{viewpoint});
+    topic->fromQVariant(again);
+
+    QCOMPARE(topic->findChildren<QObject *>().size(), before.size());
+    QCOMPARE(std::count(before.begin(), before.end(), nullptr), before.size());
+    QVERIFY(guest->viewpoint() == nullptr && guest->replyToComment() == nullptr);
+    QCOMPARE(topic->comment("d")->viewpoint(), topic->viewpoint("v"));
+    QCOMPARE(topic->comment("d")->replyToComment(), topic->comment("c"));
+    // The store of images is not cleared: the viewpoint that brought none finds the old one.
+    QCOMPARE(*topic->snapshot("v"), QByteArray("image"));
+
+    topic->fromQVariant(5);
+    QVERIFY(topic->children().isEmpty() && !topic->guid().isEmpty() && topic->guid() != "t");
+}
+
+void TestVariants::datesAndBytes()
+{
+    const QSharedPointer<BCFModel> model = BCFModel::Create(nullptr);
+    Topic *topic = addTopic(model);
+    const QDateTime offset(QDate(2024, 3, 14), QTime(9, 0, 0, 500), Qt::OffsetFromUTC, 19800);
+    topic->setCreationDate(offset);
+    topic->setModifiedDate(QDateTime(QDate(2024, 2, 30), QTime(9, 0)));
+    topic->setModifiedDate(QDateTime(QDate(), QTime(9, 0)));
+    topic->addViewpoint("v")->setSnapshot(TestArchive::png() + '\0' + "\xff");
+    OrthogonalCamera camera;
+    camera.viewToWorldScale = std::numeric_limits<double>::denorm_min();
+    camera.cameraUpVector = osg::Vec3d(0.1, -0.0, 1e300);
+    topic->viewpoint("v")->setOrthogonalCamera(camera);
+    const QVariantMap map = topic->toQVariant().toMap();
+    QCOMPARE(map.value("modified_date"), QVariant(QString("")));
+    const Topic rebuilt(map, model.data());
+    QCOMPARE(rebuilt.creationDate().toString(Qt::ISODateWithMs), QString("2024-03-14T09:00:00.000+05:30"));
+    QCOMPARE(*rebuilt.snapshot("v"), *topic->snapshot("v"));
+    QCOMPARE(rebuilt.viewpoint("v")->whichCameraIsSet(), 2);
+    QCOMPARE(rebuilt.viewpoint("v")->orthogonalCamera().viewToWorldScale, camera.viewToWorldScale);
+    QVERIFY(rebuilt.viewpoint("v")->orthogonalCamera().cameraUpVector == camera.cameraUpVector);
+}
+
+void TestVariants::time_data()
+{
+    QTest::addColumn<QString>("version");
+
+    QTest::newRow("sets form") << "2.1";
+    QTest::newRow("list form") << "2.0";
+}
+
+void TestVariants::time()
+{
+    QFETCH(QString, version);
+
+    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+    QStringList elements;
+    for (int i = 0; i < 500; ++i) {
+        elements.append(QStringLiteral("2O2Fr$t4X7Zf8NOew3%1").arg(i, 4));
+    }
+    const auto milliseconds = [&](int viewpoints) {
+        Topic *topic = addTopic(model);
+        for (int i = 0; i < viewpoints; ++i) {
+            Viewpoint *viewpoint = topic->addViewpoint(QString());
+            if (BCF_2_0_Lib::Viewpoint *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
+                for (const QString &guid : qAsConst(elements)) {
+                    list->addComponent(guid);
+                }
+            } else {
+                viewpoint->components()->setSelectionComponents(elements);
+            }
+        }
+        qint64 best = std::numeric_limits<qint64>::max();
+        for (int run = 0; run < 3; ++run) {
+            QElapsedTimer timer;
+            timer.start();
+            const Topic rebuilt(topic->toQVariant(), model.data());
+            best = qMin(best, timer.nsecsElapsed() / 1000);
+        }
+        delete topic;
+        return best / 1000.0;
+    };
+    const double few = milliseconds(100);
+    const double many = milliseconds(1000);
+    qInfo("%s: 100 viewpoints %.0f ms, 1,000 viewpoints %.0f ms", QTest::currentDataTag(), few, many);
+    QVERIFY(many < 11 * few);
+}
+
+QTEST_GUILESS_MAIN(TestVariants)
+
+#include "TestVariants.moc"
