@@ -1,0 +1,321 @@
+#include "MainWindow.h"
+
+#include "ArchiveLoader.h"
+#include "ArchiveSaver.h"
+#include "CommentPanel.h"
+#include "DisplayText.h"
+#include "TopicPanel.h"
+#include "TopicTableModel.h"
+#include "ViewpointPanel.h"
+
+#include <Core/Utils/BCFLib/Comment.h>
+#include <Core/Utils/BCFLib/Project.h>
+#include <Core/Utils/BCFLib/Version.h>
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QSortFilterProxyModel>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+using BCFLib::BCFModel;
+
+namespace {
+
+QString summary(const BCFModel &archive, int topics)
+{
+    QStringList parts{MainWindow::tr("Topics: %1").arg(QLocale().toString(topics))};
+    if (const BCFLib::Version *const version = archive.version()) {
+        parts << MainWindow::tr("BCF %1").arg(version->versionId());
+    }
+    if (const BCFLib::Project *const project = archive.project()) {
+        parts << project->name();
+    }
+    parts.removeAll(QString());
+    return DisplayText::oneLine(parts.join(QStringLiteral("  ·  ")));
+}
+
+QString fileFilter()
+{
+    return MainWindow::tr("BCF archives (*.bcf *.bcfzip);;All files (*)");
+}
+
+/// The one local file of a drag; empty if it holds anything else.
+QString draggedFile(const QMimeData *data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , _loader(new ArchiveLoader(this))
+    , _topics(new TopicTableModel(this))
+    , _shownTopics(new QSortFilterProxyModel(this))
+    , _table(new QTableView)
+    , _filter(new QLineEdit)
+    , _topicPanel(new TopicPanel(_topics))
+    , _comments(new CommentPanel)
+    , _viewpoints(new ViewpointPanel)
+    , _summary(new QLabel(tr("Open an archive or drop one here")))
+    , _progress(new QProgressBar)
+{
+    QSplitter *const details = new QSplitter;
+    details->addWidget(_topicPanel);
+    details->addWidget(_comments);
+    details->addWidget(_viewpoints);
+    details->setSizes({385, 455, 340});
+    QSplitter *const all = new QSplitter(Qt::Vertical);
+    all->addWidget(makeTopicArea());
+    all->addWidget(details);
+    all->setStretchFactor(1, 1);
+    all->setSizes({160, 500});
+    all->setChildrenCollapsible(false);
+    details->setChildrenCollapsible(false);
+    setCentralWidget(all);
+
+    _summary->setTextFormat(Qt::PlainText);
+    statusBar()->addWidget(_summary, 1);
+    statusBar()->addPermanentWidget(_progress);
+    makeActions();
+    connectParts();
+
+    // A file that is dropped on a text field is to be opened too, not to become text.
+    for (QWidget *widget : findChildren<QWidget *>()) {
+        widget->setAcceptDrops(false);
+    }
+    setLoading(false);
+    setWindowTitle(tr("Issue Browser"));
+    resize(1180, 720);
+}
+
+MainWindow::~MainWindow()
+{
+    // Hiding makes the fields give up the focus, and some tell of it: the window has to be whole still.
+    hide();
+}
+
+QWidget *MainWindow::makeTopicArea()
+{
+    _shownTopics->setSourceModel(_topics);
+    _shownTopics->setSortRole(TopicTableModel::SortRole);
+    _shownTopics->setSortCaseSensitivity(Qt::CaseInsensitive);
+    _shownTopics->setSortLocaleAware(true);
+    _shownTopics->setFilterKeyColumn(-1);
+    _shownTopics->setFilterCaseSensitivity(Qt::CaseInsensitive);
+
+    _table->setObjectName(QStringLiteral("topics"));
+    _table->setModel(_shownTopics);
+    _table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    _table->setSelectionMode(QAbstractItemView::SingleSelection);
+    _table->setAlternatingRowColors(true);
+    _table->setShowGrid(false);
+    _table->setTabKeyNavigation(false);
+    _table->setWordWrap(false);
+    _table->verticalHeader()->hide();
+    _table->verticalHeader()->setDefaultSectionSize(_table->fontMetrics().height() + 8);
+    QHeaderView *const header = _table->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setSectionResizeMode(TopicTableModel::Title, QHeaderView::Stretch);
+    // The archive's own order, until the user asks for another.
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    _table->setSortingEnabled(true);
+
+    _filter->setObjectName(QStringLiteral("filter"));
+    _filter->setPlaceholderText(tr("Show topics with this text in any column"));
+    _filter->setClearButtonEnabled(true);
+
+    QWidget *const area = new QWidget;
+    QVBoxLayout *const layout = new QVBoxLayout(area);
+    layout->addWidget(_filter);
+    layout->addWidget(_table);
+    return area;
+}
+
+void MainWindow::makeActions()
+{
+    QMenu *const file = menuBar()->addMenu(tr("&File"));
+    _open = file->addAction(tr("&Open…"), this, &MainWindow::chooseAndOpen, QKeySequence::Open);
+    // Saving over the archive is left to the user's decision: a save holds what the library knows,
+    // which may be less than what a stranger's tool had put in.
+    _saveAs =
+        file->addAction(tr("Save &As…"), this, &MainWindow::chooseAndSave, Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    file->addSeparator();
+    file->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
+
+    QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
+    const auto find = [this] { _filter->setFocus(Qt::ShortcutFocusReason); };
+    edit->addAction(tr("&Find Topics"), this, find, QKeySequence::Find);
+    edit->addAction(tr("Edit &Title"), _topicPanel, &TopicPanel::editTitle, Qt::Key_F2);
+}
+
+void MainWindow::connectParts()
+{
+    connect(_loader, &ArchiveLoader::progressed, _progress, &QProgressBar::setValue);
+    connect(_loader, &ArchiveLoader::loaded, this, &MainWindow::showOutcome);
+    connect(_filter, &QLineEdit::textChanged, this, &MainWindow::filterTopics);
+    connect(_table, &QTableView::doubleClicked, _topicPanel, &TopicPanel::editTitle);
+    connect(_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MainWindow::showTopic);
+    connect(_topics, &TopicTableModel::edited, this, [this] { setWindowModified(true); });
+    connect(_comments, &CommentPanel::authorChanged, _topics, &TopicTableModel::setEditor);
+    connect(_comments, &CommentPanel::commentSelected, _viewpoints, &ViewpointPanel::showViewpointOf);
+    connect(_comments, &CommentPanel::commentAdded, this,
+            [this] { _topics->touch(_shownTopics->mapToSource(_table->currentIndex())); });
+    _topics->setEditor(_comments->author());
+}
+
+void MainWindow::open(const QString &path)
+{
+    if (!_loader->isLoading() && mayLetGo()) {
+        setLoading(true);
+        _loader->load(path);
+    }
+}
+
+bool MainWindow::save(const QString &path)
+{
+    _topicPanel->submit();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool isSaved = saveArchive(*_archive, path);
+    QApplication::restoreOverrideCursor();
+    if (!isSaved) {
+        tell(QMessageBox::Critical, tr("Error"), tr("The archive can't be saved as \"%1\"").arg(path));
+        return false;
+    }
+    _path = path;
+    setWindowFilePath(path);
+    setWindowModified(false);
+    return true;
+}
+
+void MainWindow::chooseAndOpen()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Archive"), _path, fileFilter());
+    if (!path.isEmpty()) {
+        open(path);
+    }
+}
+
+bool MainWindow::chooseAndSave()
+{
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Archive As"), _path, fileFilter());
+    return !path.isEmpty() && save(path);
+}
+
+bool MainWindow::mayLetGo()
+{
+    _topicPanel->submit();
+    if (!_archive || (!isWindowModified() && !_comments->hasDraft())) {
+        return true;
+    }
+    const QMessageBox::StandardButton answer = QMessageBox::warning(
+        this, tr("Unsaved Changes"),
+        tr("There are changes that are not saved, or a comment that is not added yet."),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    return answer == QMessageBox::Discard
+        || (answer == QMessageBox::Save && chooseAndSave() && !_comments->hasDraft());
+}
+
+void MainWindow::setLoading(bool isLoading)
+{
+    _progress->setValue(0);
+    _progress->setVisible(isLoading);
+    // An edit to the archive that is about to go would be lost.
+    centralWidget()->setEnabled(!isLoading && _archive);
+    _open->setEnabled(!isLoading);
+    _saveAs->setEnabled(!isLoading && _archive);
+    setAcceptDrops(!isLoading);
+}
+
+void MainWindow::showOutcome(const QSharedPointer<BCFModel> &archive, const QString &path)
+{
+    QString message;
+    QString title;
+    const bool isUsable = archive->isValid(QFileInfo(path).fileName(), message, title);
+    // Also from a damaged archive everything is shown that could be read; one that gave nothing does
+    // not take the place of the present one.
+    if (isUsable || !archive->topics().isEmpty()) {
+        showArchive(archive, path);
+    }
+    setLoading(false);
+    _table->setFocus();
+    if (!isUsable || !message.isEmpty()) {
+        tell(isUsable ? QMessageBox::Warning : QMessageBox::Critical, title, message);
+    }
+    emit opened();
+}
+
+void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QString &path)
+{
+    // The parts let go of the present topics before these are destroyed.
+    showTopic(QModelIndex());
+    _topics->setArchive(archive);
+    _archive = archive;
+    _path = path;
+    setWindowFilePath(path);
+    setWindowModified(false);
+    _summary->setText(summary(*archive, _topics->rowCount()));
+    _filter->clear();
+    _table->resizeColumnsToContents();
+    _table->setCurrentIndex(_shownTopics->index(0, TopicTableModel::Title));
+}
+
+void MainWindow::showTopic(const QModelIndex &shown)
+{
+    const QModelIndex index = _shownTopics->mapToSource(shown);
+    BCFLib::Topic *const topic = _topics->topic(index);
+    _topicPanel->setTopic(index);
+    _comments->setTopic(topic);
+    _viewpoints->setTopic(topic);
+}
+
+void MainWindow::filterTopics(const QString &text)
+{
+    _shownTopics->setFilterFixedString(text);
+    if (!_table->currentIndex().isValid()) {
+        _table->setCurrentIndex(_shownTopics->index(0, TopicTableModel::Title));
+    }
+}
+
+void MainWindow::tell(QMessageBox::Icon icon, const QString &title, const QString &text)
+{
+    QMessageBox *const box = new QMessageBox(icon, title, text, QMessageBox::Ok, this);
+    // The text names files and topics of strangers.
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    // While an archive loads, what there was to save has been asked for already.
+    event->setAccepted(_loader->isLoading() || mayLetGo());
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!draggedFile(event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    // Not before the drop is over: a question to the user would hold up the program it comes from.
+    const QString path = draggedFile(event->mimeData());
+    QMetaObject::invokeMethod(
+        this, [this, path] { open(path); }, Qt::QueuedConnection);
+}

@@ -1,0 +1,34 @@
+#ifndef ISSUEBROWSER_SNAPSHOTVIEW_H
+#define ISSUEBROWSER_SNAPSHOTVIEW_H
+
+#include <QImage>
+#include <QWidget>
+
+/// The image that @p bytes hold, no larger than @p bounds; null if they hold none.
+///
+/// Images come from strangers: only the usual kinds are read, and none whose header promises more
+/// than memory should be spent on.
+QImage readSnapshot(const QByteArray *bytes, const QSize &bounds);
+
+/// Shows one snapshot as large as the space allows, or says that there is none.
+class SnapshotView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SnapshotView(QWidget *parent = nullptr);
+
+    /// Null for no image.
+    void setSnapshot(const QByteArray *bytes);
+
+    QSize sizeHint() const override { return {300, 220}; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QImage _image;
+    QString _placeholder;
+};
+
+#endif

@@ -1,0 +1,215 @@
+#include "MainWindow.h"
+#include "SnapshotView.h"
+#include "TestArchive.h"
+#include "TopicTableModel.h"
+
+#include <Comment.h>
+#include <Topic.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+const QString sample = QStringLiteral(SAMPLE_ARCHIVE);
+
+/// The window with an archive, and the parts of it that a user meets.
+class Browser : public MainWindow
+{
+public:
+    explicit Browser(const QString &path)
+    {
+        show();
+        openAndWait(path);
+    }
+    void openAndWait(const QString &path)
+    {
+        QSignalSpy done(this, &MainWindow::opened);
+        open(path);
+        QVERIFY(!centralWidget()->isEnabled());
+        QVERIFY(done.wait());
+    }
+    template<class T>
+    T *part(const char *name) const
+    {
+        return findChild<T *>(QLatin1String(name));
+    }
+    QAbstractItemModel *topics() const { return part<QAbstractItemView>("topics")->model(); }
+    QAbstractItemModel *comments() const { return part<QAbstractItemView>("comments")->model(); }
+    QString title(int row) const { return topics()->index(row, TopicTableModel::Title).data().toString(); }
+    QString messageText() const
+    {
+        const QMessageBox *const box = findChild<QMessageBox *>();
+        return box && box->textFormat() == Qt::PlainText ? box->text() : QString();
+    }
+};
+
+void replaceText(QLineEdit *field, const QString &text)
+{
+    field->selectAll();
+    QTest::keyClicks(field, text);
+    QTest::keyClick(field, Qt::Key_Return);
+}
+
+QByteArray comment(const QByteArray &guid, const QByteArray &answered)
+{
+    return "<Comment Guid=\"" + guid + "\"><Comment>" + guid + "</Comment><ReplyToComment Guid=\"" + answered
+        + "\"/></Comment>";
+}
+
+/// The texts of all comments, each with what stands below it in brackets.
+QString tree(const QAbstractItemModel &model, const QModelIndex &parent = QModelIndex())
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        const QString below = tree(model, index);
+        texts << index.data().toString() + (below.isEmpty() ? QString() : '(' + below + ')');
+    }
+    return texts.join(' ');
+}
+
+} // namespace
+
+class TestIssueBrowser : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sampleIsShownSortedAndFiltered();
+    void threads_data();
+    void threads();
+    void editsAreSavedAndLoadedAgain();
+    void unusableArchive();
+    void secondArchiveTakesThePlaceOfTheFirst();
+    void closingDuringALoad();
+    void badImagesAreNull();
+};
+
+void TestIssueBrowser::sampleIsShownSortedAndFiltered()
+{
+    const Browser browser(sample);
+    QVERIFY(browser.messageText().isEmpty());
+    QCOMPARE(browser.topics()->rowCount(), 3);
+    QVERIFY(browser.title(0).startsWith("Supply duct"));
+    QCOMPARE(browser.part<QLineEdit>("title")->text(), browser.title(0));
+    QCOMPARE(browser.part<QAbstractItemView>("viewpoints")->model()->rowCount(), 2);
+
+    browser.topics()->sort(TopicTableModel::Created);
+    QVERIFY(browser.title(0).startsWith("Which fire rating"));
+    browser.part<QLineEdit>("filter")->setText("DAMPER");
+    QCOMPARE(browser.topics()->rowCount(), 1);
+    QCOMPARE(browser.part<QLineEdit>("title")->text(), browser.title(0));
+    browser.part<QLineEdit>("filter")->setText("no such topic");
+    QVERIFY(browser.part<QLineEdit>("title")->text().isEmpty());
+}
+
+void TestIssueBrowser::threads_data()
+{
+    QTest::addColumn<QByteArray>("comments");
+    QTest::addColumn<QString>("expected");
+
+    QByteArray chain = comment("1", "");
+    for (int number = 2; number <= 9; ++number) {
+        chain += comment(QByteArray::number(number), QByteArray::number(number - 1));
+    }
+    QTest::newRow("an answer may stand before what it answers")
+        << comment("b", "a") + comment("a", "") + comment("c", "a") << "a(b c)";
+    QTest::newRow("a circle is cut at its first comment")
+        << comment("d", "c") + comment("a", "c") + comment("b", "a") + comment("c", "b") << "d a(b(c))";
+    QTest::newRow("a comment that answers itself begins a thread")
+        << comment("a", "a") + comment("b", "a") << "a(b)";
+    QTest::newRow("answers below a certain depth stand side by side") << chain << "1(2(3(4(5(6 7 8 9)))))";
+}
+
+void TestIssueBrowser::threads()
+{
+    QFETCH(const QByteArray, comments);
+    QFETCH(const QString, expected);
+
+    const Browser browser(TestArchive().addTopic("<Title>T</Title>", comments).write());
+    QCOMPARE(tree(*browser.comments()), expected);
+}
+
+void TestIssueBrowser::editsAreSavedAndLoadedAgain()
+{
+    Browser browser(sample);
+    replaceText(browser.part<QLineEdit>("title"), "<b>Duct</b>");
+    QCOMPARE(browser.title(0), QString("<b>Duct</b>"));
+    replaceText(browser.part<QLineEdit>("title"), " ");
+    QCOMPARE(browser.part<QLineEdit>("title")->text(), QString("<b>Duct</b>"));
+    replaceText(browser.part<QComboBox>("status")->lineEdit(), "Open again");
+
+    browser.part<QLineEdit>("author")->setText("me");
+    QVERIFY(!browser.part<QPushButton>("addComment")->isEnabled());
+    browser.part<QPlainTextEdit>("draft")->setPlainText("new");
+    browser.part<QPushButton>("addComment")->click();
+    browser.part<QPlainTextEdit>("draft")->setPlainText("answer");
+    browser.part<QPushButton>("reply")->click();
+    QVERIFY(tree(*browser.comments()).endsWith("new(answer)"));
+    QVERIFY(browser.isWindowModified());
+
+    const TestArchive folder;
+    QVERIFY(browser.save(folder.path()));
+    QVERIFY(!browser.isWindowModified());
+    const QSharedPointer<BCFLib::BCFModel> saved = TestArchive::load(folder.path());
+    const BCFLib::Topic *const topic = saved->topics().first();
+    QCOMPARE(topic->title(), QString("<b>Duct</b>"));
+    QCOMPARE(topic->topicStatus(), QString("Open again"));
+    QCOMPARE(topic->modifiedAuthor(), QString("me"));
+    QCOMPARE(topic->comments().last()->replyToComment()->comment(), QString("new"));
+
+    // A failed save tells so and leaves what is there.
+    QVERIFY(!browser.save(folder.path("no folder/x.bcf")));
+    QVERIFY(browser.messageText().contains("can't be saved"));
+}
+
+void TestIssueBrowser::unusableArchive()
+{
+    const TestArchive archive;
+    QFile file(archive.path("<i>.bcf"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    Browser browser(file.fileName());
+    QCOMPARE(browser.messageText(), QString("Invalid bcf version for \"<i>.bcf\" file"));
+    QVERIFY(!browser.centralWidget()->isEnabled());
+}
+
+void TestIssueBrowser::secondArchiveTakesThePlaceOfTheFirst()
+{
+    Browser browser(sample);
+    browser.openAndWait(TestArchive().addTopic("<Title>T</Title>", comment("a", "")).write());
+    QCOMPARE(browser.topics()->rowCount(), 1);
+    QCOMPARE(browser.part<QLineEdit>("title")->text(), QString("T"));
+    QCOMPARE(tree(*browser.comments()), QString("a"));
+    QCOMPARE(browser.part<QAbstractItemView>("viewpoints")->model()->rowCount(), 0);
+}
+
+void TestIssueBrowser::closingDuringALoad()
+{
+    Browser browser(sample);
+    browser.open(sample);
+    QVERIFY(browser.close());
+}
+
+void TestIssueBrowser::badImagesAreNull()
+{
+    const QByteArray png = TestArchive::png();
+    const QByteArray torso = png.left(20);
+    const QByteArray drawing = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>";
+    QByteArray huge = png;
+    huge[18] = huge[22] = '\x01';
+    QCOMPARE(readSnapshot(&png, QSize(9, 9)).size(), QSize(1, 1));
+    QVERIFY(readSnapshot(nullptr, QSize(9, 9)).isNull());
+    for (const QByteArray &bytes : {torso, drawing, huge}) {
+        QVERIFY(readSnapshot(&bytes, QSize(9, 9)).isNull());
+    }
+}
+
+QTEST_MAIN(TestIssueBrowser)
+
+#include "TestIssueBrowser.moc"
