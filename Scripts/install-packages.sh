@@ -1,5 +1,8 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that the build and the tests need, and only those that are missing.
+# install-packages.sh [PACKAGE...]
+#
+# Installs the Debian packages that the build and the tests need, and those that are named, as far as
+# they are missing.
 set -euo pipefail
 
 packages=(
@@ -15,6 +18,7 @@ packages=(
     qttools5-dev-tools
     unzip
     zlib1g-dev
+    "$@"
 )
 
 missing=()

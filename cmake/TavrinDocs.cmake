@@ -4,6 +4,16 @@ if(NOT DOXYGEN_FOUND)
     return()
 endif()
 
+set(doxygen_input Docs/mainpage.md Docs/namespaces.dox)
+foreach(library Utility QtCoreTools BCFLib)
+    get_target_property(headers ${library} HEADER_SET)
+    get_target_property(folder ${library} SOURCE_DIR)
+    list(TRANSFORM headers PREPEND ${folder}/ REGEX "^[^/]")
+    list(APPEND doxygen_input ${headers})
+endforeach()
+list(TRANSFORM doxygen_input REPLACE "(.+)" "\"\\1\"")
+list(JOIN doxygen_input " \\\n    " doxygen_input)
+
 configure_file(Docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 add_custom_target(docs
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/docs

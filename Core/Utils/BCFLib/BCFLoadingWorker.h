@@ -27,6 +27,7 @@ public:
 
     /// A share of the model; null until a load has ended, never null afterwards.
     QSharedPointer<BCFModel> model() const;
+    /// The path that the worker was made with.
     const QString &filename() const;
 
 Q_SIGNALS:

@@ -115,16 +115,32 @@ public:
     bool isValid(const QString &filename, QString &message, QString &title) const;
 
 protected:
+    /// An empty model without a version record. Saved so, it would be read as version 1.0; hosts call
+    /// Create().
     explicit BCFModel(QObject *parent = nullptr);
 
+    /// Adds a version record whose two texts are empty.
     Version *addVersion();
 
+    /// Keeps the search for topics by guid right when topics come and go.
     void childEvent(QChildEvent *event) override;
 
+    /// The version record of an open archive; that of version 1.0 if there is no such file.
+    ///
+    /// Null if the file is not well-formed. The caller owns the result.
     static Version *readVersion(QuaZip *zip);
+    /// The project record of an archive that is open for reading; the caller owns it.
+    ///
+    /// Null if there is no file or it is not well-formed; the archive is as usable without.
     static Project *readProject(QuaZip *zip);
+    /// Reads the markup of the folder that @p dir stands in; null if there is none that can be read.
+    ///
+    /// The caller owns the result, whose viewpoints still lack what stands in their own files. The
+    /// names of attachments are appended to @p files.
     static Topic *readTopic(QuaZip *zip, QuaZipDir *dir, QStringList &files, const QString &version);
+    /// Fills @p viewpoint from its file in that folder; one that is missing or malformed changes nothing.
     static void readViewpointFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint);
+    /// Gives the image of @p viewpoint in that folder to the viewpoint's topic, if it is there.
     static void readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint);
 
 private:

@@ -13,9 +13,11 @@ class BCFLIB_EXPORT Comment : public BCFLib::Comment
     Q_PROPERTY(QString _status READ status WRITE setStatus)
 
 public:
+    /// A comment with that guid, taken as it comes, and without a date.
     Comment(const QString &guid, QObject *parent);
     ~Comment() override;
 
+    /// The map of the base class, with "status" and, if it is not empty, "verbal_status".
     QVariant toQVariant() const override;
     void fromQVariant(const QVariant &variant) override;
 
@@ -28,6 +30,7 @@ public:
     void setStatus(const QString &status);
 
 protected:
+    /// Reads what the base class reads, and the two status texts.
     void read(const QDomElement &element, QHash<BCFLib::Comment *, QString> &replies) override;
     void write(QDomDocument &doc, QDomElement &parent) const override;
 

@@ -18,9 +18,12 @@ class BCFLIB_EXPORT Component : public BCFLib::Component
 public:
     ~Component() override;
 
+    /// Whether the viewpoint shows the element. BCF-XML 2.0 takes an element without this mark for visible.
     Tavrin::Boolean visible() const;
     void setVisible(Tavrin::Boolean visible);
 
+    /// Whether the viewpoint marks the element as selected. BCF-XML 2.0 takes one without this mark for not
+    /// selected.
     Tavrin::Boolean selected() const;
     void setSelected(Tavrin::Boolean selected);
 
@@ -29,6 +32,7 @@ public:
     void setColor(const QString &color);
 
 protected:
+    /// For BCF_2_0_Lib::Viewpoint, which keeps the list.
     Component(const QString &guid, QObject *parent);
 
 private:

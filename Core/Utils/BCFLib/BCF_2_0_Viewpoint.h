@@ -21,6 +21,7 @@ class BCFLIB_EXPORT Viewpoint : public BCFLib::Viewpoint
     Q_OBJECT
 
 public:
+    /// A viewpoint without cameras, file names and components; @p topic becomes its owner.
     Viewpoint(const QString &guid, BCFLib::Topic *topic);
     ~Viewpoint() override;
 
@@ -38,9 +39,12 @@ public:
     QList<Component *> components() const;
 
 protected:
+    /// The component of the guid that @p map names, made from the map if the list has none.
     Component *getOrCreateComponent(const QMap<QString, QVariant> &map);
 
+    /// Adds the components below @p root, the root of a viewpoint file.
     void readComponents(QDomElement &root) override;
+    /// Appends the list to @p root in ascending order of guids.
     void writeComponents(QDomDocument &document, QDomElement &root) override;
 
 private:

@@ -40,11 +40,13 @@ public:
     QString referenceSchema() const;
     void setReferenceSchema(const QString &referenceSchema);
 
+    /// A map with the keys "snippet_type", "is_external", "reference" and "reference_schema".
     QVariant toQVariant() const;
     /// Overwrites every field; a missing key gives the field's default.
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// For Topic::addBimSnippet().
     explicit BimSnippet(QObject *parent);
 
 private:

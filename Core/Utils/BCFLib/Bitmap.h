@@ -59,6 +59,7 @@ public:
     QString bitmapFormatAsString() const;
 
 protected:
+    /// For Viewpoint::addBitmap().
     explicit Bitmap(QObject *parent = nullptr);
 
 private:

@@ -32,6 +32,7 @@ public:
     void setDirection(const osg::Vec3d &direction);
 
 protected:
+    /// For Viewpoint::addClippingPlane().
     explicit ClippingPlane(QObject *parent = nullptr);
 
 private:

@@ -30,7 +30,8 @@ class BCFLIB_EXPORT Component : public QObject
 public:
     ~Component() override;
 
-    /// The IfcGuid of the element, 22 characters; it is the object name.
+    /// The IfcGuid of the element, which is the object name: a UUID in the 22 characters in which IFC
+    /// writes it. Any other text is kept as well.
     QString guid() const;
     void setGuid(const QString &guid);
 
@@ -53,8 +54,10 @@ public:
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// For the owner of the list that the component stands in.
     Component(const QString &guid, QObject *parent);
 
+    /// Tells the owner when a host hangs an object under the component, which searches must then visit.
     void childEvent(QChildEvent *event) override;
 
     /// The object whose lists hold this component, for as long as it lives.

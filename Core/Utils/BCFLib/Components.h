@@ -40,6 +40,7 @@ class BCFLIB_EXPORT Components : public QObject
 public:
     ~Components() override;
 
+    /// The elements that are selected, in file order.
     QList<Component *> getSelectionComponents();
     /// Replaces the selection; guids are taken as they come, also empty and repeated ones.
     void setSelectionComponents(const QStringList &guids);
@@ -50,20 +51,27 @@ public:
 
     /// The elements whose visibility is the opposite of the default.
     QList<Component *> getVisibilityExceptionComponents();
+    /// Replaces the exceptions; guids are taken as they come, also empty and repeated ones.
     void setVisibilityExceptionComponents(const QStringList &guids);
 
+    /// What the viewpoint says about kinds of elements that many tools hide.
     ViewSetupHints getViewSetupHints() const;
     void setViewSetupHints(const ViewSetupHints &viewSetupHints);
 
     /// Makes @p guids the group of @p color, replacing what the group held. Alpha does not count.
     void addColoringComponents(const QColor &color, const QStringList &guids);
+    /// Deletes all colour groups with their components.
     void removeColoringComponents();
 
+    /// A map of what is there: "view_setup_hints", "visibility", "selection" and "coloring".
+    ///
+    /// Without exceptions there is no "visibility", and the default visibility is not told.
     QVariant toQVariant() const;
     /// Replaces everything by what @p variant holds.
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// For the viewpoint, which has exactly one.
     explicit Components(QObject *parent = nullptr);
 
 private:

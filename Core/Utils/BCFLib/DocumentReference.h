@@ -39,11 +39,14 @@ public:
     QString description() const;
     void setDescription(const QString &description);
 
+    /// A map with "guid" and "is_external", and with "referenced_document" and "description" if they are
+    /// not empty.
     QVariant toQVariant() const;
     /// Overwrites every field but the guid, which the variant form does not give back.
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// For Topic::addDocumentReference().
     DocumentReference(const QString &guid, QObject *parent);
 
 private:

@@ -56,11 +56,14 @@ public:
     QString reference() const;
     void setReference(const QString &reference);
 
+    /// A map with "is_external" and what else is not empty: "ifc_project",
+    /// "ifc_spatial_structure_element", "file_name", "date" and "reference".
     QVariant toQVariant() const;
     /// Overwrites every field; a missing key gives the field's default.
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// For Topic::addFile().
     explicit File(QObject *parent);
 
 private:

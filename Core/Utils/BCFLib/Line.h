@@ -23,13 +23,16 @@ class BCFLIB_EXPORT Line : public QObject
 public:
     ~Line() override;
 
+    /// One end of the line.
     osg::Vec3d startPoint() const;
     void setStartPoint(const osg::Vec3d &startPoint);
 
+    /// The other end.
     osg::Vec3d endPoint() const;
     void setEndPoint(const osg::Vec3d &endPoint);
 
 protected:
+    /// For Viewpoint::addLine().
     explicit Line(QObject *parent = nullptr);
 
 private:

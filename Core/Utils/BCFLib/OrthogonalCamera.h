@@ -29,7 +29,9 @@ struct BCFLIB_EXPORT OrthogonalCamera
     osg::Vec3d cameraDirection;
     /// Direction that is up in the picture.
     osg::Vec3d cameraUpVector;
-    /// Height of the visible section of the model, in metres; the width follows the window.
+    /// Height of the visible section of the model, in metres, as BCF-XML defines its vertical scaling;
+    /// the width follows the window.
+    ///
     /// A camera with a scale of 0 shows nothing and does not count as set.
     double viewToWorldScale = 0.0;
 };

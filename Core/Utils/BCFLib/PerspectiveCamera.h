@@ -29,7 +29,8 @@ struct BCFLIB_EXPORT PerspectiveCamera
     osg::Vec3d cameraDirection;
     /// Direction that is up in the picture.
     osg::Vec3d cameraUpVector;
-    /// Vertical opening of the view, in degrees.
+    /// Vertical opening of the view, the whole angle, in degrees. BCF-XML 2.1 allows 45 to 60; nothing
+    /// here checks that.
     double fieldOfView = 0.0;
 };
 

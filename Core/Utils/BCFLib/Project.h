@@ -29,6 +29,7 @@ public:
     QString guid() const;
     void setGuid(const QString &guid);
 
+    /// The name of the project as people know it.
     QString name() const;
     void setName(const QString &name);
 
@@ -41,13 +42,16 @@ public:
     QVariant toQVariant() const;
 
 protected:
+    /// For BCFModel::addProject() and the reader.
     Project(const QString &guid, QObject *parent);
 
     /// Reads a project file; null if it is not well-formed. The caller owns the result.
     static Project *Deserialize(QIODevice *device);
+    /// Fills the record from a parsed file; what is missing there becomes empty.
     void readProject(QDomDocument &document);
     /// Writes the project file to an open device; always true.
     bool serialize(QIODevice *device);
+    /// Builds the elements of the file in an empty document.
     void writeProject(QDomDocument &document);
 
 private:

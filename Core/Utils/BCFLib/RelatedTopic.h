@@ -28,6 +28,7 @@ public:
     QVariant toQVariant() const;
 
 protected:
+    /// For Topic::addRelatedTopic() and the reader.
     RelatedTopic(QString guid, QObject *parent);
 
 private:

@@ -75,6 +75,7 @@ public:
     QString topicStatus() const;
     void setTopicStatus(const QString &topicStatus);
 
+    /// One line that says what the issue is; a topic without is not usable.
     QString title() const;
     void setTitle(const QString &title);
 
@@ -82,6 +83,7 @@ public:
     QString referenceLink() const;
     void setReferenceLink(const QString &referenceLink);
 
+    /// The issue at length.
     QString description() const;
     void setDescription(const QString &description);
 
@@ -101,6 +103,7 @@ public:
     QDateTime creationDate() const;
     void setCreationDate(const QDateTime &creationDate);
 
+    /// Who made the issue, as a rule an e-mail address; a topic without is not usable.
     QString creationAuthor() const;
     void setCreationAuthor(const QString &creationAuthor);
 
@@ -108,6 +111,7 @@ public:
     QDateTime modifiedDate() const;
     void setModifiedDate(const QDateTime &modifiedDate);
 
+    /// Who changed it last; empty means nobody.
     QString modifiedAuthor() const;
     void setModifiedAuthor(const QString &modifiedAuthor);
 
@@ -115,6 +119,7 @@ public:
     QString assignedTo() const;
     void setAssignedTo(const QString &assignedTo);
 
+    /// The comments, answers among them, in the order in which they came under the topic.
     QList<Comment *> comments() const;
     /// The first comment of that guid, or null.
     Comment *comment(const QString &guid) const;
@@ -124,8 +129,10 @@ public:
     Comment *addComment(const QString &guid);
     /// Deletes the comment of that guid, if any.
     void removeComment(const QString &guid);
+    /// Deletes all comments.
     void removeComments();
 
+    /// The viewpoints in the order in which they came under the topic.
     QList<Viewpoint *> viewpoints() const;
     /// The first viewpoint of that guid, or null.
     Viewpoint *viewpoint(const QString &guid) const;
@@ -156,24 +163,32 @@ public:
     /// Does nothing if the topic has no such viewpoint. The names of other images stay as they are.
     void removeSnapshot(const QString &guid);
 
+    /// The model files that the topic is about.
     QList<File *> files() const;
+    /// Adds a file that is external and has no name yet.
     File *addFile();
+    /// Deletes the entries; no file on disk is touched.
     void removeFiles();
 
+    /// The documents that the topic refers to.
     QList<DocumentReference *> documentReferences() const;
     /// Adds a document reference; the guid is taken as it comes, also an empty or repeated one.
     DocumentReference *addDocumentReference(const QString &guid);
+    /// Deletes all document references.
     void removeDocumentReferences();
 
     /// The first snippet, or null. Only this one is saved.
     BimSnippet *bimSnippet() const;
+    /// Adds an empty snippet behind one that may be there already, and which then goes on being the first.
     BimSnippet *addBimSnippet();
     /// Deletes the first snippet, if any.
     void removeBimSnippet();
 
+    /// The links to other topics.
     QList<RelatedTopic *> relatedTopics() const;
     /// Adds a link to another topic; an empty @p guid gives a fresh one.
     RelatedTopic *addRelatedTopic(const QString &guid);
+    /// Deletes the links, not the topics that they lead to.
     void removeRelatedTopics();
 
     /// Whether guid, title, author and date are there and all viewpoints are usable.
@@ -187,6 +202,7 @@ public:
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// For BCFModel::addTopic() and the reader; an empty @p guid gives a fresh one.
     Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,
           QObject *parent);
 
@@ -195,9 +211,14 @@ protected:
     /// Null if @p device is null or holds no well-formed XML. The caller owns the result. The names
     /// of files that travel inside the archive are appended to @p files.
     static Topic *Deserialize(QIODevice *device, QStringList &files, const QString &version);
+    /// Adds the files of the header; the result names those that travel inside the archive.
     QStringList readHeader(QDomDocument &doc);
+    /// Fills the fields and adds document references, snippet and related topics.
     void readTopic(QDomDocument &doc, const QString &version);
+    /// Adds viewpoints of the class that @p version calls for, with their file names. An entry without a
+    /// guid is left out.
     void readViewpoints(QDomDocument &doc, const QString &version);
+    /// Adds comments of the class that @p version calls for, and links them once all are there.
     void readComments(QDomDocument &doc, const QString &version);
     /// Supplies the values that isValid() insists on and that a version 1.0 file may lack.
     void fillMissingFields();
@@ -206,18 +227,27 @@ protected:
     ///
     /// The absolute paths of files that are to travel inside the archive are appended to @p files.
     bool serialize(QIODevice *device, QStringList &files);
+    /// Appends the header, if there are files; the result holds the paths of those that are to travel
+    /// inside the archive.
     QStringList writeHeader(QDomDocument &doc, QDomElement &parent);
+    /// Appends the fields and attachments, leaving out what is absent.
     void writeTopic(QDomDocument &doc, QDomElement &parent);
+    /// Appends each comment in the form of its own class.
     void writeComments(QDomDocument &doc, QDomElement &parent);
+    /// Appends an entry with the file names for each viewpoint.
     void writeViewpoints(QDomDocument &doc, QDomElement &parent);
     /// Writes the stored image of that guid; false if there is none or the write fails.
     bool writeSnaphot(const QString &guid, QIODevice *device);
 
+    /// A new comment of the class that the model's version calls for.
     Comment *createComment(const QString &guid);
+    /// A new viewpoint of the class that the model's version calls for, without file names.
     Viewpoint *createViewpoint(const QString &guid);
 
+    /// Whether each viewpoint is usable and the files that every topic with viewpoints needs are named.
     bool allViewpointValid() const;
 
+    /// Keeps the search by guid right when comments and viewpoints come and go.
     void childEvent(QChildEvent *event) override;
 
 private:

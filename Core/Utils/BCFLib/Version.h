@@ -35,15 +35,18 @@ public:
     bool isValid() const;
 
 protected:
+    /// A record whose two texts are empty.
     explicit Version(QObject *parent = nullptr);
 
     /// The record of an archive that has no version file. The caller owns it.
     static Version *BCF1Version();
     /// Reads a version file; null if it is not well-formed. The caller owns the result.
     static Version *Deserialize(QIODevice *device);
+    /// Fills the record from a parsed file; what is missing there becomes empty.
     void readVersion(QDomDocument &document);
     /// Writes the version file to an open device; always true.
     bool serialize(QIODevice *device);
+    /// Builds the elements of the file in an empty document; both texts are written, also empty ones.
     void writeVersion(QDomDocument &document);
 
 private:

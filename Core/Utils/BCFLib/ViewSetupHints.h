@@ -11,6 +11,7 @@ namespace BCFLib {
 /// Which kinds of elements, hidden by many tools by default, a viewpoint wants to be shown.
 struct BCFLIB_EXPORT ViewSetupHints
 {
+    /// Says nothing about any of the three.
     ViewSetupHints();
 
     /// Whether nothing was said about any of the three.
@@ -21,8 +22,11 @@ struct BCFLIB_EXPORT ViewSetupHints
     /// Takes over what @p variant holds; a field whose key is missing stays.
     void fromQVariant(const QVariant &variant);
 
+    /// Rooms and zones, IfcSpace.
     Tavrin::Boolean spacesVisible = Tavrin::BooleanUnset;
+    /// Where rooms meet walls and slabs, IfcRelSpaceBoundary.
     Tavrin::Boolean spaceBoundariesVisible = Tavrin::BooleanUnset;
+    /// Holes in walls and slabs, IfcOpeningElement.
     Tavrin::Boolean openingsVisible = Tavrin::BooleanUnset;
 };
 

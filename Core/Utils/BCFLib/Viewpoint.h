@@ -74,13 +74,19 @@ public:
     /// Stores the camera, which counts from then on.
     void setPerspectiveCamera(const PerspectiveCamera &camera);
 
+    /// The annotation lines in order of creation.
     QList<Line *> lines() const;
+    /// Adds a line with both ends at the origin.
     Line *addLine();
 
+    /// The planes that cut the model open, in order of creation.
     QList<ClippingPlane *> clippingPlanes() const;
+    /// Adds a plane whose two vectors are zero.
     ClippingPlane *addClippingPlane();
 
+    /// The images that stand in the model space, in order of creation.
     QList<Bitmap *> bitmaps() const;
+    /// Adds a bitmap of format PNG without a name; its vectors and its height are zero.
     Bitmap *addBitmap();
 
     /// The references to model elements in the sets form; owned by the viewpoint.
@@ -148,6 +154,7 @@ private:
     int _whichCameraIsSet = 0;
 
 protected:
+    /// The logger "Tavrin.Core.Utils.BCF_2_1.Viewpoint"; appenders and levels are the host's.
     log4cplus::Logger _logger;
 };
 

@@ -26,6 +26,7 @@ QTCORETOOLS_EXPORT bool toBool(Boolean value);
 /// True for the texts "true" and "1", in any case and with blanks around them.
 QTCORETOOLS_EXPORT bool toBool(const QString &text);
 
+/// BooleanTrue or BooleanFalse, never unset.
 QTCORETOOLS_EXPORT Boolean toBoolean(bool value);
 
 /// "true" or "1", "false" or "0", in any case and with blanks around them; BooleanUnset for any

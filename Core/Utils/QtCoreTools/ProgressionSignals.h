@@ -17,10 +17,13 @@ class QTCORETOOLS_EXPORT ProgressionSignals : public QObject
     Q_OBJECT
 
 public:
+    /// Ready to use; receivers connect to the two signals.
     explicit ProgressionSignals(QObject *parent = nullptr);
     ~ProgressionSignals() override;
 
+    /// Emits addMaxSig().
     void addMax(qint64 steps) const;
+    /// Emits addStepsSig().
     void addSteps(qint64 steps) const;
 
 signals:
