@@ -44,6 +44,9 @@ public:
     Comment(const QString &guid, QObject *parent);
     ~Comment() override;
 
+    /// The comment as a map with snake_case keys; the links stand in it as the guids of their targets.
+    ///
+    /// Guid, date, author, text and topic are always there, the rest only if it is set.
     virtual QVariant toQVariant() const;
     /// Overwrites guid and plain fields; a link is changed only if @p variant has its key.
     ///
@@ -58,6 +61,7 @@ public:
     QDateTime date() const;
     void setDate(const QDateTime &date);
 
+    /// Who wrote it, as a rule an e-mail address.
     QString author() const;
     void setAuthor(const QString &author);
 
@@ -73,6 +77,7 @@ public:
     QDateTime modifiedDate() const;
     void setModifiedDate(const QDateTime &modifiedDate);
 
+    /// Who changed it last; empty means nobody.
     QString modifiedAuthor() const;
     void setModifiedAuthor(const QString &modifiedAuthor);
 
