@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -85,6 +86,7 @@ private slots:
     void threads_data();
     void threads();
     void editsAreSavedAndLoadedAgain();
+    void closingAsksForUnsavedEdits();
     void unusableArchive();
     void secondArchiveTakesThePlaceOfTheFirst();
     void closingDuringALoad();
@@ -167,6 +169,23 @@ void TestIssueBrowser::editsAreSavedAndLoadedAgain()
     // A failed save tells so and leaves what is there.
     QVERIFY(!browser.save(folder.path("no folder/x.bcf")));
     QVERIFY(browser.messageText().contains("can't be saved"));
+}
+
+void TestIssueBrowser::closingAsksForUnsavedEdits()
+{
+    Browser browser(sample);
+    // Typed, but not yet taken over by leaving the field.
+    QTest::keyClicks(browser.part<QLineEdit>("title"), "!");
+    const auto answer = [](QMessageBox::StandardButton button) {
+        QTimer::singleShot(0, [button] {
+            qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->button(button)->click();
+        });
+    };
+    answer(QMessageBox::Cancel);
+    QVERIFY(!browser.close());
+    QVERIFY(browser.title(0).contains('!'));
+    answer(QMessageBox::Discard);
+    QVERIFY(browser.close());
 }
 
 void TestIssueBrowser::unusableArchive()

@@ -97,7 +97,8 @@ MainWindow::MainWindow(QWidget *parent)
     }
     setLoading(false);
     setWindowTitle(tr("Issue Browser"));
-    resize(1180, 720);
+    // Room for the columns in the user's font.
+    resize(QSize(79, 48) * fontMetrics().lineSpacing());
 }
 
 MainWindow::~MainWindow()
