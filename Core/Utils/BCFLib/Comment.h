@@ -2,6 +2,9 @@
 #define BCFLIB_COMMENT_H
 
 #include "BCFLibExport.h"
+// Whole classes, not only their names: otherwise the links can't be read through the meta-object.
+#include "Topic.h"
+#include "Viewpoint.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -14,9 +17,6 @@ class QDomDocument;
 class QDomElement;
 
 namespace BCFLib {
-
-class Topic;
-class Viewpoint;
 
 /// One comment on a topic, in the form of version 2.1.
 ///
