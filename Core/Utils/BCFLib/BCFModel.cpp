@@ -3,7 +3,7 @@
 #include "BoundedReading.h"
 #include "CacheFolder.h"
 #include "DOMXml.h"
-#include "GuidIndex.h"
+#include "GuidHints.h"
 #include "Limits.h"
 #include "ObjectTree.h"
 #include "Project.h"
@@ -14,7 +14,6 @@
 
 #include <Core/Utils/QtCoreTools/ProgressionSignals.h>
 #include <Core/Utils/Utility/NewId.h>
-#include <QChildEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
@@ -36,6 +35,7 @@ QString entryPath(const QuaZipDir &dir, const QString &name)
 
 BCFModel::BCFModel(QObject *parent)
     : QObject(parent)
+    , _topicHints(std::make_unique<GuidHints>())
 {
 }
 
@@ -129,7 +129,7 @@ QList<Topic *> BCFModel::topics() const
 
 Topic *BCFModel::topic(const QString &guid) const
 {
-    return findByGuid<Topic>(this, _topicIndex, guid);
+    return _topicHints->find<Topic>(this, guid);
 }
 
 Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, const QDateTime &creationDate,
@@ -141,13 +141,6 @@ Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, c
 void BCFModel::removeTopic(const QString &guid)
 {
     delete topic(guid);
-}
-
-void BCFModel::childEvent(QChildEvent *event)
-{
-    if (_topicIndex != nullptr) {
-        _topicIndex->childEvent(event);
-    }
 }
 
 QString BCFModel::errorString() const

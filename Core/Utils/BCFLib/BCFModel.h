@@ -21,7 +21,7 @@ class ProgressionSignals;
 
 namespace BCFLib {
 
-class GuidIndex;
+class GuidHints;
 class Project;
 class Topic;
 class Version;
@@ -122,9 +122,6 @@ protected:
     /// Adds a version record whose two texts are empty.
     Version *addVersion();
 
-    /// Keeps the search for topics by guid right when topics come and go.
-    void childEvent(QChildEvent *event) override;
-
     /// The version record of an open archive; that of version 1.0 if there is no such file.
     ///
     /// Null if the file is not well-formed. The caller owns the result.
@@ -144,6 +141,8 @@ protected:
     static void readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint);
 
 private:
+    friend class Topic;
+
     bool readArchive(QuaZip *zip, const Tavrin::ProgressionSignals &progress);
     QStringList readTopics(QuaZip *zip, const QString &version, const Tavrin::ProgressionSignals &progress);
     bool unpackAttachments(QuaZip *zip, const QStringList &files, const Tavrin::ProgressionSignals &progress);
@@ -153,7 +152,7 @@ private:
     static bool writeAttachment(QuaZip *zip, const QString &path);
 
     QString _errorString;
-    mutable std::unique_ptr<GuidIndex> _topicIndex;
+    std::unique_ptr<GuidHints> _topicHints;
 };
 
 } // namespace BCFLib

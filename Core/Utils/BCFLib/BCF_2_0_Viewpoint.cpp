@@ -3,6 +3,7 @@
 #include "Components.h"
 #include "XmlElements.h"
 
+#include <QChildEvent>
 #include <QDomDocument>
 #include <QSet>
 #include <QVariantMap>
@@ -108,6 +109,12 @@ void Viewpoint::forget(Component *component)
     if (entry != _components.end()) {
         _components.erase(entry);
     }
+}
+
+void Viewpoint::childEvent(QChildEvent *event)
+{
+    // A component that is destroyed is none any more when this is told.
+    _holdsStrangers |= event->removed() && qobject_cast<Component *>(event->child()) != nullptr;
 }
 
 bool Viewpoint::holdsOnlyComponents() const

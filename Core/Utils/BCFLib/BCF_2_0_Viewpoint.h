@@ -47,6 +47,8 @@ protected:
     /// Appends the list to @p root in ascending order of guids.
     void writeComponents(QDomDocument &document, QDomElement &root) override;
 
+    void childEvent(QChildEvent *event) override;
+
 private:
     friend class Component;
     friend class BCFLib::Component;
@@ -57,7 +59,7 @@ private:
     bool holdsOnlyComponents() const;
 
     QMap<QString, Component *> _components;
-    /// Set once a host has hung something under one of the components.
+    /// Set once a host has hung something under a component, or a component elsewhere.
     bool _holdsStrangers = false;
 };
 

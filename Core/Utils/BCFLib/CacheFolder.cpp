@@ -37,15 +37,14 @@ bool CacheFolder::write(const QString &memberName, const QByteArray &bytes) cons
 
 bool CacheFolder::staysInside(const QString &path) const
 {
-    const QString relative = _dir.relativeFilePath(path);
-    QString step = _dir.absolutePath();
-    for (const QString &name : relative.split(QLatin1Char('/'))) {
-        step += QLatin1Char('/') + name;
-        if (name == QLatin1String("..") || QFileInfo(step).isSymLink()) {
-            return false;
-        }
+    const QFileInfo copy(path);
+    if (copy.isSymLink() && !copy.exists()) {
+        return false;
     }
-    return true;
+    // Where the path really leads, with every link on the way followed.
+    const QString target = copy.exists() ? copy.canonicalFilePath() : copy.dir().canonicalPath();
+    const QString root = _dir.canonicalPath();
+    return !root.isEmpty() && (target == root || target.startsWith(root + QLatin1Char('/')));
 }
 
 } // namespace BCFLib

@@ -25,7 +25,7 @@ public:
     /// Replaces the copy of the entry of that name. A write that fails half-way is not noticed.
     ///
     /// False if the file can't be opened, also because its folder isn't there, or if the name,
-    /// which comes from a stranger, leads out of the cache folder or through a symbolic link.
+    /// which comes from a stranger, leads out of the cache folder, by itself or by a symbolic link.
     bool write(const QString &memberName, const QByteArray &bytes) const;
 
 private:

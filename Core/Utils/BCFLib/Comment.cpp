@@ -1,6 +1,7 @@
 #include "Comment.h"
 
 #include "DOMXml.h"
+#include "GuidHints.h"
 #include "Topic.h"
 #include "VariantMap.h"
 #include "Viewpoint.h"
@@ -65,6 +66,9 @@ QString Comment::guid() const
 
 void Comment::setGuid(const QString &guid)
 {
+    if (const Topic *topic = qobject_cast<Topic *>(parent())) {
+        topic->_commentHints->forget(guid);
+    }
     setObjectName(guid);
 }
 

@@ -3,6 +3,7 @@
 #include "Component.h"
 #include "XmlElements.h"
 
+#include <QChildEvent>
 #include <QDomDocument>
 #include <QScopedValueRollback>
 #include <QSet>
@@ -118,6 +119,12 @@ void Components::forget(Component *component)
     for (QList<Component *> &group : _coloringComponents) {
         group.removeOne(component);
     }
+}
+
+void Components::childEvent(QChildEvent *event)
+{
+    // A component that is destroyed is none any more when this is told.
+    _holdsStrangers |= event->removed() && qobject_cast<Component *>(event->child()) != nullptr;
 }
 
 bool Components::holdsOnlyComponents() const

@@ -74,6 +74,8 @@ protected:
     /// For the viewpoint, which has exactly one.
     explicit Components(QObject *parent = nullptr);
 
+    void childEvent(QChildEvent *event) override;
+
 private:
     friend class Viewpoint;
     friend class BCF_2_0_Lib::Viewpoint;
@@ -108,7 +110,7 @@ private:
     QMap<QString, QList<Component *>> _coloringComponents;
     /// Set while a whole set goes, whose components need not be searched for one by one.
     bool _deletingSet = false;
-    /// Set once a host has hung something under one of the components.
+    /// Set once a host has hung something under a component, or a component elsewhere.
     bool _holdsStrangers = false;
 };
 

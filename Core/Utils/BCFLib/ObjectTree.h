@@ -47,7 +47,7 @@ QList<T *> all(const QObject *owner)
 }
 
 /// The first child of @p owner of class T that @p accepts.
-template <class T, class Predicate>
+template<class T, class Predicate>
 T *childWhere(const QObject *owner, const Predicate &accepts)
 {
     for (QObject *child : owner->children()) {
@@ -59,11 +59,11 @@ T *childWhere(const QObject *owner, const Predicate &accepts)
     return nullptr;
 }
 
-template <class T, class Predicate>
+template<class T, class Predicate>
 T *firstWhere(const QObject *owner, const Predicate &accepts);
 
 /// The first object of class T that @p accepts, below the children of @p owner.
-template <class T, class Predicate>
+template<class T, class Predicate>
 T *furtherBelowWhere(const QObject *owner, const Predicate &accepts)
 {
     for (QObject *child : owner->children()) {
@@ -76,7 +76,7 @@ T *furtherBelowWhere(const QObject *owner, const Predicate &accepts)
 }
 
 /// The first object of class T below @p owner that @p accepts, direct children before all others.
-template <class T, class Predicate>
+template<class T, class Predicate>
 T *firstWhere(const QObject *owner, const Predicate &accepts)
 {
     T *child = childWhere<T>(owner, accepts);

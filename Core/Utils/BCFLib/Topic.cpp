@@ -9,7 +9,7 @@
 #include "Comment.h"
 #include "DocumentReference.h"
 #include "File.h"
-#include "GuidIndex.h"
+#include "GuidHints.h"
 #include "Limits.h"
 #include "ObjectTree.h"
 #include "RelatedTopic.h"
@@ -19,7 +19,6 @@
 #include "XmlFile.h"
 
 #include <Core/Utils/Utility/NewId.h>
-#include <QChildEvent>
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QIODevice>
@@ -68,12 +67,14 @@ Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, cons
     , _title(std::move(title))
     , _creationDate(std::move(creationDate))
     , _creationAuthor(std::move(creationAuthor))
+    , _commentHints(std::make_unique<GuidHints>())
+    , _viewpointHints(std::make_unique<GuidHints>())
 {
     setObjectName(guidOrNewId(guid));
 }
 
 Topic::Topic(const QVariant &variant, QObject *parent)
-    : QObject(parent)
+    : Topic(QString(), QString(), QDateTime(), QString(), parent)
 {
     fromQVariant(variant);
 }
@@ -87,6 +88,9 @@ QString Topic::guid() const
 
 void Topic::setGuid(const QString &guid)
 {
+    if (const BCFModel *model = qobject_cast<BCFModel *>(parent())) {
+        model->_topicHints->forget(guid);
+    }
     setObjectName(guid);
 }
 
@@ -227,7 +231,7 @@ QList<Comment *> Topic::comments() const
 
 Comment *Topic::comment(const QString &guid) const
 {
-    return findByGuid<Comment>(this, _commentIndex, guid);
+    return _commentHints->find<Comment>(this, guid);
 }
 
 Comment *Topic::addComment(const QString &guid)
@@ -265,7 +269,7 @@ QList<Viewpoint *> Topic::viewpoints() const
 
 Viewpoint *Topic::viewpoint(const QString &guid) const
 {
-    return findByGuid<Viewpoint>(this, _viewpointIndex, guid);
+    return _viewpointHints->find<Viewpoint>(this, guid);
 }
 
 Viewpoint *Topic::addViewpoint(const QString &guid)
@@ -430,15 +434,6 @@ bool Topic::allViewpointValid() const
         needsSnapshotFile |= !snapshotFilename.isEmpty();
     }
     return hasViewpointFile && (hasSnapshotFile || !needsSnapshotFile);
-}
-
-void Topic::childEvent(QChildEvent *event)
-{
-    for (const std::unique_ptr<GuidIndex> *index : {&_commentIndex, &_viewpointIndex}) {
-        if (*index != nullptr) {
-            (*index)->childEvent(event);
-        }
-    }
 }
 
 void Topic::fillMissingFields()

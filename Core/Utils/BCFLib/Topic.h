@@ -25,7 +25,7 @@ class BimSnippet;
 class Comment;
 class DocumentReference;
 class File;
-class GuidIndex;
+class GuidHints;
 class RelatedTopic;
 class Viewpoint;
 
@@ -247,11 +247,10 @@ protected:
     /// Whether each viewpoint is usable and the files that every topic with viewpoints needs are named.
     bool allViewpointValid() const;
 
-    /// Keeps the search by guid right when comments and viewpoints come and go.
-    void childEvent(QChildEvent *event) override;
-
 private:
     friend class BCFModel;
+    friend class Comment;
+    friend class Viewpoint;
 
     void readAttachments(const QDomElement &topic);
     void writeAttachments(QDomDocument &doc, QDomElement &topic);
@@ -274,8 +273,8 @@ private:
     QString _modifiedAuthor;
     QString _assignedTo;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
-    mutable std::unique_ptr<GuidIndex> _commentIndex;
-    mutable std::unique_ptr<GuidIndex> _viewpointIndex;
+    std::unique_ptr<GuidHints> _commentHints;
+    std::unique_ptr<GuidHints> _viewpointHints;
 };
 
 } // namespace BCFLib

@@ -4,6 +4,7 @@
 #include "ClippingPlane.h"
 #include "Components.h"
 #include "DOMXml.h"
+#include "GuidHints.h"
 #include "Line.h"
 #include "ObjectTree.h"
 #include "Topic.h"
@@ -164,6 +165,9 @@ QString Viewpoint::guid() const
 
 void Viewpoint::setGuid(const QString &guid)
 {
+    if (const Topic *topic = qobject_cast<Topic *>(parent())) {
+        topic->_viewpointHints->forget(guid);
+    }
     setObjectName(guid);
 }
 

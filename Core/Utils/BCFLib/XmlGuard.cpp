@@ -3,8 +3,7 @@
 #include "Limits.h"
 
 #include <QByteArray>
-#include <QRegularExpression>
-#include <QString>
+#include <QList>
 #include <QXmlInputSource>
 
 #include <cstring>
@@ -162,36 +161,39 @@ QByteArray decoded(const QByteArray &bytes)
     return source.data().toUtf8();
 }
 
-/// Whether the bytes are in UTF-8 or in another encoding that leaves ASCII as it is.
-bool extendsAscii(const QByteArray &bytes)
+/// Whether an encoding of that name leaves ASCII as it is.
+bool extendsAscii(const QByteArray &encoding)
 {
-    const bool startsInAscii = bytes.size() < 2
-        || ((bytes[0] == '<' || bytes[0] == '\xEF' || std::isspace(static_cast<unsigned char>(bytes[0])))
-            && bytes[1] != '\0');
-    if (!startsInAscii) {
-        return false;
+    const QByteArray name = encoding.toLower();
+    return name == "utf-8" || name == "us-ascii" || name.startsWith("iso-8859-")
+        || name.startsWith("windows-125");
+}
+
+/// Whether the bytes can be looked over as they are, without asking the parser how it decodes them.
+///
+/// Only what nearly every file begins with is recognised; a doubt costs no more than time.
+bool isPlain(const QByteArray &bytes)
+{
+    const QByteArray byteOrderMark = QByteArrayLiteral("\xEF\xBB\xBF");
+    const QByteArray head = bytes.mid(bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0, 80);
+    if (!head.startsWith("<?xml")) {
+        return head.size() > 1 && head.at(0) == '<' && head.at(1) != '\0';
     }
-    const int declaration = bytes.indexOf("<?xml");
-    if (declaration < 0 || declaration > 3) {
-        return true;
+    const QByteArray declaration = head.left(head.indexOf('>')).replace('\'', '"');
+    if (!declaration.contains("encoding")) {
+        return declaration.endsWith('?');
     }
-    const QString text =
-        QString::fromLatin1(bytes.mid(declaration, bytes.indexOf("?>", declaration) - declaration));
-    if (!text.contains(QLatin1String("encoding"))) {
-        return true;
-    }
-    static const QRegularExpression known(
-        QStringLiteral("^[^e]*version\\s*=\\s*[\"'][0-9.]+[\"']\\s+encoding\\s*=\\s*[\"']"
-                       "(utf-?8|us-ascii|iso-8859-\\d+|latin-?1|windows-125\\d)[\"']"),
-        QRegularExpression::CaseInsensitiveOption);
-    return known.match(text).hasMatch();
+    // <?xml version="1.0" encoding="UTF-8" ...: the name is the second quoted text.
+    const QList<QByteArray> parts = declaration.split('"');
+    return parts.size() >= 5 && parts.at(0) == "<?xml version=" && parts.at(2).trimmed() == "encoding="
+        && extendsAscii(parts.at(3));
 }
 
 } // namespace
 
 bool XmlGuard::isHarmless(const QByteArray &bytes)
 {
-    return MarkupScanner(extendsAscii(bytes) ? bytes : decoded(bytes)).isHarmless();
+    return MarkupScanner(isPlain(bytes) ? bytes : decoded(bytes)).isHarmless();
 }
 
 } // namespace BCFLib
