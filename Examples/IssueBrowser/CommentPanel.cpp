@@ -62,11 +62,11 @@ CommentPanel::CommentPanel(QWidget *parent)
 
 void CommentPanel::layOut()
 {
-    QLabel *const heading = new QLabel(tr("Co&mments"));
-    QLabel *const as = new QLabel(tr("A&s"));
+    auto *const heading = new QLabel(tr("Co&mments"));
+    auto *const as = new QLabel(tr("A&s"));
     heading->setBuddy(_tree);
     as->setBuddy(_author);
-    QGridLayout *const grid = new QGridLayout(this);
+    auto *const grid = new QGridLayout(this);
     grid->addWidget(heading, 0, 0, 1, 4);
     grid->addWidget(_tree, 1, 0, 1, 4);
     grid->addWidget(_text, 2, 0, 1, 4);
@@ -114,7 +114,7 @@ void CommentPanel::add(bool asReply)
 
 void CommentPanel::updateButtons()
 {
-    const bool canAdd = _model->topic() && hasDraft() && !author().trimmed().isEmpty();
+    const bool canAdd = _model->topic() != nullptr && hasDraft() && !author().trimmed().isEmpty();
     _add->setEnabled(canAdd);
     _reply->setEnabled(canAdd && _tree->currentIndex().isValid());
 }

@@ -151,7 +151,7 @@ QVariant CommentTreeModel::data(const QModelIndex &index, int role) const
 {
     const Comment *const shown = comment(index);
     if (!shown) {
-        return QVariant();
+        return {};
     }
     switch (role) {
     case Qt::DisplayRole:
@@ -159,6 +159,6 @@ QVariant CommentTreeModel::data(const QModelIndex &index, int role) const
     case HeadingRole:
         return heading(*shown);
     default:
-        return QVariant();
+        return {};
     }
 }

@@ -5,8 +5,8 @@
 
 QLabel *addFact(QFormLayout *form, const QString &name)
 {
-    QLabel *const heading = new QLabel(name);
-    QLabel *const fact = new QLabel;
+    auto *const heading = new QLabel(name);
+    auto *const fact = new QLabel;
     for (QLabel *label : {heading, fact}) {
         label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     }

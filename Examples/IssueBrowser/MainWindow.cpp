@@ -71,12 +71,12 @@ MainWindow::MainWindow(QWidget *parent)
     , _summary(new QLabel(tr("Open an archive or drop one here")))
     , _progress(new QProgressBar)
 {
-    QSplitter *const details = new QSplitter;
+    auto *const details = new QSplitter;
     details->addWidget(_topicPanel);
     details->addWidget(_comments);
     details->addWidget(_viewpoints);
     details->setSizes({385, 455, 340});
-    QSplitter *const all = new QSplitter(Qt::Vertical);
+    auto *const all = new QSplitter(Qt::Vertical);
     all->addWidget(makeTopicArea());
     all->addWidget(details);
     all->setStretchFactor(1, 1);
@@ -138,8 +138,8 @@ QWidget *MainWindow::makeTopicArea()
     _filter->setPlaceholderText(tr("Show topics with this text in any column"));
     _filter->setClearButtonEnabled(true);
 
-    QWidget *const area = new QWidget;
-    QVBoxLayout *const layout = new QVBoxLayout(area);
+    auto *const area = new QWidget;
+    auto *const layout = new QVBoxLayout(area);
     layout->addWidget(_filter);
     layout->addWidget(_table);
     return area;
@@ -292,7 +292,7 @@ void MainWindow::filterTopics(const QString &text)
 
 void MainWindow::tell(QMessageBox::Icon icon, const QString &title, const QString &text)
 {
-    QMessageBox *const box = new QMessageBox(icon, title, text, QMessageBox::Ok, this);
+    auto *const box = new QMessageBox(icon, title, text, QMessageBox::Ok, this);
     // The text names files and topics of strangers.
     box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);

@@ -41,7 +41,7 @@ TopicPanel::TopicPanel(TopicTableModel *topics, QWidget *parent)
     _description->setReadOnly(true);
     _description->setTabChangesFocus(true);
 
-    QFormLayout *const form = new QFormLayout(this);
+    auto *const form = new QFormLayout(this);
     form->addRow(tr("&Title"), _title);
     form->addRow(tr("Stat&us"), _status);
     _type = addFact(form, tr("Kind"));
@@ -98,7 +98,7 @@ void TopicPanel::refresh()
 {
     static const BCFLib::Topic *const none = nullptr;
     const BCFLib::Topic *const topic = _index.isValid() ? _topics->topic(_index) : none;
-    setEnabled(topic);
+    setEnabled(topic != nullptr);
     if (!topic) {
         _title->clear();
         _status->clearEditText();

@@ -86,9 +86,9 @@ int TopicTableModel::columnCount(const QModelIndex &parent) const
 QVariant TopicTableModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid()) {
-        return QVariant();
+        return {};
     }
-    const QVariant value = columns[index.column()].value(*topic(index));
+    QVariant value = columns[index.column()].value(*topic(index));
     switch (role) {
     case Qt::DisplayRole:
         return index.column() == Created ? DisplayText::date(value.toDateTime())
@@ -97,14 +97,14 @@ QVariant TopicTableModel::data(const QModelIndex &index, int role) const
     case SortRole:
         return value;
     default:
-        return QVariant();
+        return {};
     }
 }
 
 QVariant TopicTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
-        return QVariant();
+        return {};
     }
     return tr(columns[section].header);
 }
@@ -113,7 +113,7 @@ bool TopicTableModel::setData(const QModelIndex &index, const QVariant &value, i
 {
     Topic *const edited = topic(index);
     const QString text = value.toString();
-    if (!edited || role != Qt::EditRole || index.data(Qt::EditRole).toString() == text) {
+    if (edited == nullptr || role != Qt::EditRole || index.data(Qt::EditRole).toString() == text) {
         return false;
     }
     if (index.column() == Title && !text.trimmed().isEmpty()) {

@@ -70,7 +70,7 @@ int ViewpointListModel::rowCount(const QModelIndex &parent) const
 QVariant ViewpointListModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid()) {
-        return QVariant();
+        return {};
     }
     switch (role) {
     case Qt::DisplayRole:
@@ -80,7 +80,7 @@ QVariant ViewpointListModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         return thumbnail(index);
     default:
-        return QVariant();
+        return {};
     }
 }
 

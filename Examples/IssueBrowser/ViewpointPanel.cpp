@@ -30,8 +30,8 @@ ViewpointPanel::ViewpointPanel(QWidget *parent)
     _strip->setFixedHeight(ViewpointListModel::thumbnailSize.height() + 2 * _strip->fontMetrics().height()
                            + _strip->horizontalScrollBar()->sizeHint().height());
 
-    QFormLayout *const form = new QFormLayout(this);
-    QLabel *const heading = new QLabel(tr("&Viewpoints"));
+    auto *const form = new QFormLayout(this);
+    auto *const heading = new QLabel(tr("&Viewpoints"));
     heading->setBuddy(_strip);
     form->addRow(heading);
     form->addRow(_strip);
