@@ -322,7 +322,6 @@ void TestVariants::datesAndBytes()
     Topic *topic = addTopic(model);
     const QDateTime offset(QDate(2024, 3, 14), QTime(9, 0, 0, 500), Qt::OffsetFromUTC, 19800);
     topic->setCreationDate(offset);
-    topic->setModifiedDate(QDateTime(QDate(2024, 2, 30), QTime(9, 0)));
     topic->setModifiedDate(QDateTime(QDate(), QTime(9, 0)));
     topic->addViewpoint("v")->setSnapshot(TestArchive::png() + '\0' + "\xff");
     OrthogonalCamera camera;
@@ -346,10 +345,10 @@ void TestVariants::time_data()
     QTest::addColumn<QSize>("tenth");
 
     // Viewpoints of a topic and components of each of them.
-    QTest::newRow("many viewpoints in sets form") << "2.1" << QSize(2000, 20) << QSize(200, 20);
-    QTest::newRow("many viewpoints in list form") << "2.0" << QSize(2000, 20) << QSize(200, 20);
-    QTest::newRow("many components in sets form") << "2.1" << QSize(1, 40000) << QSize(1, 4000);
-    QTest::newRow("many components in list form") << "2.0" << QSize(1, 40000) << QSize(1, 4000);
+    QTest::newRow("many viewpoints in sets form") << "2.1" << QSize(1000, 20) << QSize(100, 20);
+    QTest::newRow("many viewpoints in list form") << "2.0" << QSize(1000, 20) << QSize(100, 20);
+    QTest::newRow("many components in sets form") << "2.1" << QSize(1, 20000) << QSize(1, 2000);
+    QTest::newRow("many components in list form") << "2.0" << QSize(1, 20000) << QSize(1, 2000);
 }
 
 void TestVariants::time()
@@ -373,23 +372,23 @@ void TestVariants::time()
         return topic;
     };
     // Processor time, which others on the machine disturb less.
-    const auto rebuild = [&model](const QList<Topic *> &topics) {
+    const auto rebuild = [&model](const QList<Topic *> &topics, double *best) {
         const std::clock_t start = std::clock();
         for (const Topic *topic : topics) {
             delete new Topic(topic->toQVariant(), model.data());
         }
-        return 1000.0 * (std::clock() - start) / CLOCKS_PER_SEC;
+        *best = qMin(*best, 1000.0 * (std::clock() - start) / CLOCKS_PER_SEC);
     };
     const QList<Topic *> large{addTopicOf(one)};
     QList<Topic *> small;
     for (int i = 0; i < 10; ++i) {
         small.append(addTopicOf(tenth));
     }
-    double ofLarge = rebuild(large);
-    double ofSmall = rebuild(small);
+    double ofLarge = std::numeric_limits<double>::max();
+    double ofSmall = ofLarge;
     for (int run = 0; run < 4; ++run) {
-        ofLarge = qMin(ofLarge, rebuild(large));
-        ofSmall = qMin(ofSmall, rebuild(small));
+        rebuild(large, &ofLarge);
+        rebuild(small, &ofSmall);
     }
     qInfo("%s: one topic %.0f ms, as ten topics %.0f ms", QTest::currentDataTag(), ofLarge, ofSmall);
     QVERIFY(ofLarge < 2 * ofSmall);
