@@ -9,9 +9,8 @@ configure_package_config_file(cmake/TavrinBCFLibConfig.cmake.in
     ${PROJECT_BINARY_DIR}/TavrinBCFLibConfig.cmake
     INSTALL_DESTINATION ${TAVRIN_CMAKEDIR}
     PATH_VARS translations)
-# Before 1.0.0 a new minor version may change interfaces.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/TavrinBCFLibConfigVersion.cmake
-    COMPATIBILITY SameMinorVersion)
+    COMPATIBILITY ${TAVRIN_COMPATIBILITY})
 
 install(FILES ${package_config} cmake/FindOpenSceneGraphHeaders.cmake
     DESTINATION ${TAVRIN_CMAKEDIR} COMPONENT development)

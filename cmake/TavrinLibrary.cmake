@@ -22,7 +22,7 @@ function(tavrin_add_library name)
     set_target_properties(${name} PROPERTIES
         OUTPUT_NAME Tavrin.Core.Utils.${name}
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR})
+        SOVERSION ${TAVRIN_SOVERSION})
     target_compile_definitions(${name} PRIVATE ${upper}_LIBRARY)
     set(exports ${PROJECT_SOURCE_DIR}/cmake/exports.map)
     target_link_options(${name} PRIVATE LINKER:--version-script=${exports})

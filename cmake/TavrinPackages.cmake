@@ -1,7 +1,9 @@
 # Three Debian packages for cpack: the libraries, what a host's developer needs, and the programs.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tavrin-bcflib)
-set(CPACK_PACKAGE_CONTACT "The Tavrin BCFLib developers <bcflib@tavrin.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(CPACK_PACKAGE_CONTACT "The Tavrin BCFLib developers <bcflib@tavrin.invalid>"
+    CACHE STRING "Who answers for the packages")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -9,6 +11,7 @@ set(CPACK_COMPONENTS_ALL runtime development tools)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_TOOLS_DEPENDS runtime)
 
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -16,12 +19,13 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libtavrin-bcflib${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libtavrin-bcflib${TAVRIN_SOVERSION})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
 "issue archives of the BIM Collaboration Format
- Loads, edits, validates and saves archives of issues in building models, of
- versions 1.0, 2.0 and 2.1 of the format, as a tree of Qt objects.")
+Loads, edits, validates and saves archives of issues in building models, of
+versions 1.0, 2.0 and 2.1 of the format, as a tree of Qt objects.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libtavrin-bcflib-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -30,15 +34,15 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "qtbase5-dev (>= 5.15), liblog4cplus-dev (>= 2), libopenscenegraph-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "issue archives of the BIM Collaboration Format - development
- Headers, CMake package, pkg-config files and sample of the library that loads
- and saves archives of issues in building models.")
+Headers, CMake package, pkg-config files and sample of the library that loads
+and saves archives of issues in building models.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME tavrin-bcf-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
 "issue archives of the BIM Collaboration Format - programs
- Programs that show what stands in an archive of issues in building models,
- browse it, and make one.")
+Programs that show what stands in an archive of issues in building models,
+browse it, and make one.")
 
 # The papers that Debian wants of every package; no use to an installation without one.
 string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)
