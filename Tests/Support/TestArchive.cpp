@@ -1,6 +1,8 @@
 #include "TestArchive.h"
 
 #include <Core/Utils/QtCoreTools/ProgressionSignals.h>
+#include <Vec3dMetaType.h>
+#include <osg/Vec3d>
 #include <quazip/quazip.h>
 #include <quazip/quazipfile.h>
 #include <quazip/quazipnewinfo.h>
@@ -36,7 +38,7 @@ QString TestArchive::write() const
     for (const auto &entry : _entries) {
         QuaZipFile file(&zip);
         isWritten = isWritten && file.open(QIODevice::WriteOnly, QuaZipNewInfo(entry.first))
-                    && file.write(entry.second) == entry.second.size();
+            && file.write(entry.second) == entry.second.size();
     }
     zip.close();
     Q_ASSERT(isWritten);
@@ -71,6 +73,48 @@ QByteArray TestArchive::entry(const QString &path, const QString &name)
 
 QByteArray TestArchive::png()
 {
-    return QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJg"
-                                  "gg==");
+    return QByteArray::fromBase64(
+        "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJg"
+        "gg==");
+}
+
+namespace {
+
+QString textOf(const QVariant &value)
+{
+    if (value.userType() == qMetaTypeId<osg::Vec3d>()) {
+        const osg::Vec3d point = value.value<osg::Vec3d>();
+        const auto number = [](double value) { return QString::number(value, 'g', 15); };
+        return QStringList{number(point.x()), number(point.y()), number(point.z())}.join(' ');
+    }
+    if (value.canConvert<QObject *>()) {
+        const QObject *object = value.value<QObject *>();
+        return object != nullptr ? object->objectName() : QString();
+    }
+    if (value.userType() >= QMetaType::User) {
+        return QString::number(value.toInt());
+    }
+    return value.type() == QVariant::StringList ? value.toStringList().join(',') : value.toString();
+}
+
+} // namespace
+
+QString tell(const QObject *object, const QString &properties)
+{
+    QStringList texts;
+    for (const QString &name : properties.split(' ')) {
+        texts.append(textOf(object->property(name.toLatin1())));
+    }
+    return texts.join('|');
+}
+
+QStringList tellAll(const QObject *root, const char *className, const QString &properties)
+{
+    QStringList lines;
+    for (const QObject *object : QList<const QObject *>{root} + root->findChildren<const QObject *>()) {
+        if (object->inherits(className)) {
+            lines.append(tell(object, properties));
+        }
+    }
+    return lines;
 }

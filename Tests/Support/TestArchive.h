@@ -45,4 +45,10 @@ private:
     QVector<QPair<QString, QByteArray>> _entries;
 };
 
+/// The values of some properties, named with blanks between, parted by "|": points as three numbers,
+/// enumerations as numbers, other objects by their guid.
+QString tell(const QObject *object, const QString &properties);
+/// The same for every object of a class at or below @p root, in the order of the tree.
+QStringList tellAll(const QObject *root, const char *className, const QString &properties);
+
 #endif // TESTS_TESTARCHIVE_H
