@@ -6,6 +6,7 @@
 #include <QScopedPointer>
 #include <QTest>
 #include <QThread>
+#include <atomic>
 
 using BCFLib::BCFLoadingWorker;
 
@@ -89,6 +90,8 @@ void TestLoadingWorker::twoThreads()
         QThread threads[2];
         QStringList heard[2];
         QScopedPointer<BCFLoadingWorker> workers[2];
+        // QThread::wait() orders what the threads do too, but out of sight of the thread sanitizer.
+        std::atomic<int> finished{0};
         for (int i = 0; i < 2; ++i) {
             workers[i].reset(new BCFLoadingWorker(path));
             workers[i]->moveToThread(&threads[i]);
@@ -96,10 +99,12 @@ void TestLoadingWorker::twoThreads()
             connect(&threads[i], &QThread::started, workers[i].data(), &BCFLoadingWorker::doLoad);
             connect(workers[i].data(), &BCFLoadingWorker::loadingFinished, &threads[i], &QThread::quit,
                     Qt::DirectConnection);
+            connect(&threads[i], &QThread::finished, [&finished] { ++finished; });
         }
         threads[0].start();
         threads[1].start();
         QVERIFY(threads[0].wait() && threads[1].wait());
+        QCOMPARE(finished.load(), 2);
         // One model goes with its worker, the other outlives it.
         const QSharedPointer<BCFLib::BCFModel> model = workers[1]->model();
         workers[0].reset();

@@ -14,7 +14,6 @@
 
 #include <QColor>
 #include <QDir>
-#include <QDomDocument>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -50,28 +49,6 @@ QString tags(const QByteArray &xml)
         result += attributes.join(QString());
     }
     return result.simplified() + reader.errorString();
-}
-
-/// The document with the children of every element in another order, those of one name left in theirs.
-QByteArray shuffled(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    QList<QDomElement> open{document.documentElement()};
-    while (!open.isEmpty()) {
-        QDomElement parent = open.takeFirst();
-        QMap<QString, QList<QDomElement>> families;
-        for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
-            families[child.tagName()].prepend(child);
-            open.append(child);
-        }
-        for (const QList<QDomElement> &family : qAsConst(families)) {
-            for (const QDomElement &child : family) {
-                parent.insertBefore(child, QDomNode());
-            }
-        }
-    }
-    return document.toByteArray();
 }
 
 /// Spells "<P 0 1 -1/>" out as an element of that name with three coordinates of 16 digits.
@@ -152,7 +129,7 @@ void TestSaving::xml_data()
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QByteArray>("read");
 
-    // Where nothing else is read, it is what is written, in another order.
+    // Where nothing else is read, it is what is written.
     const QByteArray same;
     QTest::newRow("a markup") << "2.1" << QByteArray(R"(<Markup>
         <Header><File IfcProject="i" IfcSpatialStructureElement="h" isExternal="true"><Filename>../a/b.ifc</Filename>
@@ -237,7 +214,7 @@ void TestSaving::xml()
     QFETCH(QByteArray, written);
     QFETCH(QByteArray, read);
 
-    const QByteArray file = read.isEmpty() ? shuffled(written) : read;
+    const QByteArray file = read.isEmpty() ? written : read;
     const bool isViewpoint = file.startsWith("<Vis");
     const bool isVersion = file.startsWith("<Ver");
     const QString entry = isVersion ? "bcf.version" : isViewpoint ? "t/v.bcfv" : "t/markup.bcf";
