@@ -47,6 +47,7 @@ protected:
     /// Appends the list to @p root in ascending order of guids.
     void writeComponents(QDomDocument &document, QDomElement &root) override;
 
+    /// Notes when a host takes a component away alive, which searches must then look for by itself.
     void childEvent(QChildEvent *event) override;
 
 private:

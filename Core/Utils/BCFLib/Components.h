@@ -74,6 +74,7 @@ protected:
     /// For the viewpoint, which has exactly one.
     explicit Components(QObject *parent = nullptr);
 
+    /// Notes when a host takes a component away alive, which searches must then look for by itself.
     void childEvent(QChildEvent *event) override;
 
 private:
