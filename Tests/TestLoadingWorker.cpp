@@ -25,8 +25,10 @@ TestArchive &addTopics(TestArchive &archive, int count, const QByteArray &header
 {
     for (int i = 0; i < count; ++i) {
         const QByteArray folder = QByteArray::number(i) + '/';
-        archive.add(folder + "markup.bcf", "<M>" + header + "<Topic/><Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint>"
-                    "<Snapshot>s.png</Snapshot></Viewpoints></M>");
+        archive.add(folder + "markup.bcf",
+                    "<M>" + header
+                        + "<Topic/><Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint>"
+                          "<Snapshot>s.png</Snapshot></Viewpoints></M>");
         archive.add(folder + "v.bcfv", "<VisualizationInfo/>").add(folder + "s.png", TestArchive::png());
     }
     return archive.add("x.ifc", "shared");
@@ -55,8 +57,8 @@ void TestLoadingWorker::progress_data()
     QTest::newRow("no archive") << "none" << QByteArray() << "+1 end";
     QTest::newRow("two folders") << "2.1" << QByteArray() << "+1 +2 1 1 1 end";
     QTest::newRow("two folders that share a file") << "2.1" << header << "+1 +2 1 1 +1 1 1 end";
-    QTest::newRow("a file that is missing ends the load") << "2.1" << QByteArray(header).replace("x.", "y.")
-                                                          << "+1 +2 1 1 +1 end";
+    QTest::newRow("a file that is missing ends the load")
+        << "2.1" << QByteArray(header).replace("x.", "y.") << "+1 +2 1 1 +1 end";
 }
 
 void TestLoadingWorker::progress()

@@ -181,7 +181,8 @@ void TestRoundTrip::archives()
         QVERIFY2(TestArchive::entry(again, name) == TestArchive::entry(saved, name), qPrintable(name));
     }
 
-    if (QStandardPaths::findExecutable("python3").isEmpty() || QStandardPaths::findExecutable("unzip").isEmpty()) {
+    if (QStandardPaths::findExecutable("python3").isEmpty()
+        || QStandardPaths::findExecutable("unzip").isEmpty()) {
         QSKIP("python3 or unzip is not there to read the archive with other eyes");
     }
     QCOMPARE(complaint("unzip", {"-t", saved}), QString());

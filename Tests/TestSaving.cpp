@@ -146,18 +146,31 @@ void TestSaving::xml_data()
             <Viewpoint Guid="v2"/><ReplyToComment Guid="d"/><ModifiedDate>2020-01-02T03:04:05Z</ModifiedDate>
             <ModifiedAuthor>D</ModifiedAuthor></Comment>
         <Comment Guid="d"><Date/><Author/><Comment/><Topic Guid="t"/></Comment>
-        <Viewpoints Guid="v2"/><Viewpoints Guid="v1"><Viewpoint>1.bcfv</Viewpoint></Viewpoints></Markup>)") << same;
-    QTest::newRow("a version file") << "2.1" << QByteArray("<Version VersionId='2.0'><DetailedVersion>zwölf"
-        "</DetailedVersion></Version>") << same;
-    QTest::newRow("other versions are saved as 2.0") << "2.1" << QByteArray("<Version VersionId='2.0'><DetailedVersion>"
-        "2.0 RC</DetailedVersion></Version>") << QByteArray("<Version VersionId='1.0'/>");
-    QTest::newRow("no version is saved after a failed load") << "2.1" << QByteArray() << QByteArray("<Version>");
+        <Viewpoints Guid="v2"/><Viewpoints Guid="v1"><Viewpoint>1.bcfv</Viewpoint></Viewpoints></Markup>)")
+                              << same;
+    QTest::newRow("a version file") << "2.1"
+                                    << QByteArray("<Version VersionId='2.0'><DetailedVersion>zwölf"
+                                                  "</DetailedVersion></Version>")
+                                    << same;
+    QTest::newRow("other versions are saved as 2.0")
+        << "2.1"
+        << QByteArray("<Version VersionId='2.0'><DetailedVersion>"
+                      "2.0 RC</DetailedVersion></Version>")
+        << QByteArray("<Version VersionId='1.0'/>");
+    QTest::newRow("no version is saved after a failed load")
+        << "2.1" << QByteArray() << QByteArray("<Version>");
     const QByteArray bare = "<Topic Guid='t'><Title/><CreationAuthor/><CreationDate/></Topic>";
     QTest::newRow("a comment with a status")
-        << "2.0" << QByteArray("<Markup>" + bare + "<Comment Guid='c'><Date/><Author/><Comment/><Topic Guid='t'/>"
-        "<ModifiedAuthor>m</ModifiedAuthor><VerbalStatus>b</VerbalStatus><Status>a</Status></Comment></Markup>") << same;
-    QTest::newRow("dates are in whole seconds of UTC, flags are words, bad numbers and dead links are gone") << "2.1"
-        << QByteArray(R"(<Markup><Header><File isExternal="true"><Date>2020-01-01T05:30:00Z</Date></File></Header>
+        << "2.0"
+        << QByteArray("<Markup>" + bare
+                      + "<Comment Guid='c'><Date/><Author/><Comment/><Topic Guid='t'/>"
+                        "<ModifiedAuthor>m</ModifiedAuthor><VerbalStatus>b</VerbalStatus><Status>a</Status></"
+                        "Comment></Markup>")
+        << same;
+    QTest::newRow("dates are in whole seconds of UTC, flags are words, bad numbers and dead links are gone")
+        << "2.1"
+        << QByteArray(
+               R"(<Markup><Header><File isExternal="true"><Date>2020-01-01T05:30:00Z</Date></File></Header>
         <Topic Guid="t"><Title/><Index>0</Index><CreationAuthor/><CreationDate>2020-01-01T01:00:00Z</CreationDate>
         <BimSnippet SnippetType="" isExternal="false"><Reference/></BimSnippet></Topic>
         <Comment Guid="c"><Date/><Author/><Comment/><Topic Guid="t"/></Comment></Markup>)")
@@ -166,8 +179,10 @@ void TestSaving::xml_data()
         <ReplyToComment Guid="d"/><Status>a</Status></Comment><Comment Guid="d"><Topic Guid="u"/></Comment>
         <Header><File isExternal="False"><Date>2020-01-01T00:00:00-05:30</Date></File></Header></Any>)");
     QTest::newRow("an empty viewpoint in sets form")
-        << "2.1" << QByteArray("<VisualizationInfo><Components><Visibility DefaultVisibility='true'/></Components>"
-        "</VisualizationInfo>") << QByteArray("<VisualizationInfo Guid='v'/>");
+        << "2.1"
+        << QByteArray("<VisualizationInfo><Components><Visibility DefaultVisibility='true'/></Components>"
+                      "</VisualizationInfo>")
+        << QByteArray("<VisualizationInfo Guid='v'/>");
     const QByteArray info = R"(
         <PerspectiveCamera><CameraViewPoint 1 0 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/>
             <FieldOfView>6.0000000000000000e+01</FieldOfView></PerspectiveCamera>
@@ -184,28 +199,40 @@ void TestSaving::xml_data()
             IfcProjectGuid="j"><OriginatingSystem>g</OriginatingSystem><AuthoringToolId>h</AuthoringToolId></Component>
             </Selection><Visibility DefaultVisibility="false"><Exceptions><Component IfcGuid="a"/></Exceptions>
         </Visibility><Coloring><Color Color="0000ff"><Component IfcGuid="f"/></Color><Color Color="00ff00"><Component
-            IfcGuid="e"/></Color></Coloring></Components>)" + info) << same;
+            IfcGuid="e"/></Color></Coloring></Components>)" + info)
+                                              << same;
     const QByteArray listInfo = R"(<VisualizationInfo><Components><Component IfcGuid="B" Color="FFff0000"/>
         <Component IfcGuid="a" Selected="true" Visible="true" IfcProjectGuid="j"><OriginatingSystem>g</OriginatingSystem>
             <AuthoringToolId>h</AuthoringToolId></Component>
         <Component IfcGuid="b" Selected="false" Color="#FF0000"/></Components>)";
     QTest::newRow("a viewpoint in list form") << "2.0" << withPoints(listInfo + info) << same;
-    QTest::newRow("the list form comes out sorted, the last of one guid alone") << "2.0"
-        << QByteArray("<VisualizationInfo><Components><Component IfcGuid='B' Selected='false'/><Component IfcGuid='b'/>"
-        "</Components></VisualizationInfo>") << QByteArray("<VisualizationInfo><Components><Component IfcGuid='b'/>"
-        "<Component IfcGuid='B' Visible='true'/><Component IfcGuid='B' Selected='1'/></Components></VisualizationInfo>");
+    QTest::newRow("the list form comes out sorted, the last of one guid alone")
+        << "2.0"
+        << QByteArray("<VisualizationInfo><Components><Component IfcGuid='B' Selected='false'/><Component "
+                      "IfcGuid='b'/>"
+                      "</Components></VisualizationInfo>")
+        << QByteArray("<VisualizationInfo><Components><Component IfcGuid='b'/>"
+                      "<Component IfcGuid='B' Visible='true'/><Component IfcGuid='B' "
+                      "Selected='1'/></Components></VisualizationInfo>");
     QTest::newRow("half a camera, one of scale 0 and an empty list form leave nothing")
         << "2.0" << QByteArray("<VisualizationInfo/>")
         << withPoints("<VisualizationInfo><PerspectiveCamera><CameraViewPoint 0 0 0/></PerspectiveCamera>"
-        "<OrthogonalCamera><CameraViewPoint 0 1 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/><ViewToWorldScale>0"
-        "</ViewToWorldScale></OrthogonalCamera><Components><Component/></Components></VisualizationInfo>");
-    QTest::newRow("colours are sorted, in lower case and without alpha, hints and marks are normal") << "2.1"
-        << QByteArray("<VisualizationInfo><Components><ViewSetupHints SpacesVisible='1'/><Visibility DefaultVisibility="
-        "'true'/><Coloring><Color Color='0000ff'><Component IfcGuid='f'/></Color><Color Color='00ff00'><Component "
-        "IfcGuid='e'/></Color></Coloring></Components></VisualizationInfo>")
-        << QByteArray("<VisualizationInfo><Components><Coloring><Color Color='#FF00FF00'><Component IfcGuid='e'/></Color>"
-        "<Color Color='0000FF'><Component IfcGuid='f'/></Color><Color Color='111111'/></Coloring><ViewSetupHints "
-        "SpacesVisible='true'/></Components></VisualizationInfo>");
+                      "<OrthogonalCamera><CameraViewPoint 0 1 0/><CameraDirection 0 0 -1/><CameraUpVector 0 "
+                      "1 0/><ViewToWorldScale>0"
+                      "</ViewToWorldScale></OrthogonalCamera><Components><Component/></Components></"
+                      "VisualizationInfo>");
+    QTest::newRow("colours are sorted, in lower case and without alpha, hints and marks are normal")
+        << "2.1"
+        << QByteArray("<VisualizationInfo><Components><ViewSetupHints SpacesVisible='1'/><Visibility "
+                      "DefaultVisibility="
+                      "'true'/><Coloring><Color Color='0000ff'><Component IfcGuid='f'/></Color><Color "
+                      "Color='00ff00'><Component "
+                      "IfcGuid='e'/></Color></Coloring></Components></VisualizationInfo>")
+        << QByteArray("<VisualizationInfo><Components><Coloring><Color Color='#FF00FF00'><Component "
+                      "IfcGuid='e'/></Color>"
+                      "<Color Color='0000FF'><Component IfcGuid='f'/></Color><Color "
+                      "Color='111111'/></Coloring><ViewSetupHints "
+                      "SpacesVisible='true'/></Components></VisualizationInfo>");
 }
 
 void TestSaving::xml()
@@ -235,23 +262,30 @@ void TestSaving::entries()
     QuaZip zip(folder.path());
     QVERIFY(zip.open(QuaZip::mdUnzip));
     for (const QuaZipFileInfo64 &info : zip.getFileInfoList64()) {
-        found.append(QStringLiteral("%1 %2 %3").arg(info.name).arg(info.method).arg(
-            info.externalAttr >> 16 & 0777, 0, 8));
+        found.append(QStringLiteral("%1 %2 %3")
+                         .arg(info.name)
+                         .arg(info.method)
+                         .arg(info.externalAttr >> 16 & 0777, 0, 8));
     }
-    QCOMPARE(found, QStringList({"bcf.version 8 444", "project.bcfp 8 0", "zz/markup.bcf 8 444",
-                                 "zz/viewpoint.bcfv 8 444", "zz/viewpoint.png 8 444", "zz/other.bcfv 8 444",
-                                 "zz/other.png 8 444", "aa/markup.bcf 8 444", "storey.ifc 8 444"}));
+    QCOMPARE(found,
+             QStringList({"bcf.version 8 444", "project.bcfp 8 0", "zz/markup.bcf 8 444",
+                          "zz/viewpoint.bcfv 8 444", "zz/viewpoint.png 8 444", "zz/other.bcfv 8 444",
+                          "zz/other.png 8 444", "aa/markup.bcf 8 444", "storey.ifc 8 444"}));
     QCOMPARE(TestArchive::entry(folder.path(), "zz/other.png"), TestArchive::png());
-    QVERIFY(TestArchive::entry(folder.path(), "aa/markup.bcf").contains("<Filename>../storey.ifc</Filename>"));
-    QCOMPARE(TestArchive::entry(folder.path(), "project.bcfp"),
-             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ProjectExtension>\n    <Project ProjectId=\"p\">\n"
-                        "        <Name>Zoë &amp; &lt;Co></Name>\n    </Project>\n"
-                        "    <ExtensionSchema></ExtensionSchema>\n</ProjectExtension>\n"));
+    QVERIFY(
+        TestArchive::entry(folder.path(), "aa/markup.bcf").contains("<Filename>../storey.ifc</Filename>"));
+    QCOMPARE(
+        TestArchive::entry(folder.path(), "project.bcfp"),
+        QByteArray(
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ProjectExtension>\n    <Project ProjectId=\"p\">\n"
+            "        <Name>Zoë &amp; &lt;Co></Name>\n    </Project>\n"
+            "    <ExtensionSchema></ExtensionSchema>\n</ProjectExtension>\n"));
 }
 
 void TestSaving::anyTextSurvives()
 {
-    const QString text = QString::fromUtf8("\t<a b=\"c\">&amp; ]]> 'q'\nzweite Zeile \r\n \xF0\x9F\x8F\x97 ende ");
+    const QString text =
+        QString::fromUtf8("\t<a b=\"c\">&amp; ]]> 'q'\nzweite Zeile \r\n \xF0\x9F\x8F\x97 ende ");
     const TestArchive folder;
     const ModelPointer model = BCFModel::Create("2.0", nullptr);
     Topic *topic = model->addTopic(text, "a", someDate, "t");
@@ -306,8 +340,10 @@ void TestSaving::faults_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QStringList>("entries");
 
-    const QStringList image{"bcf.version", "project.bcfp", "zz/markup.bcf", "zz/viewpoint.bcfv", "zz/viewpoint.png"};
-    const QStringList file = image + QStringList{"zz/other.bcfv", "zz/other.png", "aa/markup.bcf", "storey.ifc"};
+    const QStringList image{"bcf.version", "project.bcfp", "zz/markup.bcf", "zz/viewpoint.bcfv",
+                            "zz/viewpoint.png"};
+    const QStringList file =
+        image + QStringList{"zz/other.bcfv", "zz/other.png", "aa/markup.bcf", "storey.ifc"};
     QTest::newRow("an empty path") << "" << QStringList();
     QTest::newRow("a folder that is not there") << "%1/none/a.bcf" << QStringList();
     QTest::newRow("a path that is a folder") << "%1" << QStringList();
@@ -348,7 +384,8 @@ void TestSaving::faults()
     QFile::rename(folder.path("away"), folder.path("storey.ifc"));
     QVERIFY(model->serialize(folder.path("after")));
     for (const QString &name : TestArchive::entryNames(folder.path("before"))) {
-        QCOMPARE(TestArchive::entry(folder.path("after"), name), TestArchive::entry(folder.path("before"), name));
+        QCOMPARE(TestArchive::entry(folder.path("after"), name),
+                 TestArchive::entry(folder.path("before"), name));
     }
 }
 

@@ -55,12 +55,14 @@ QString brief(const QVariantMap &references)
         parts.append("selected " + guids(references.value("selection")));
     }
     for (const QVariant &group : references.value("coloring").toList()) {
-        parts.append(group.toMap().value("color").toString() + ' ' + guids(group.toMap().value("components")));
+        parts.append(group.toMap().value("color").toString() + ' '
+                     + guids(group.toMap().value("components")));
     }
     return parts.join("; ");
 }
 
-/// Components of the list form in short: guid, "+" or "-" for visible, "s" or "n" for selected, "=" and colour.
+/// Components of the list form in short: guid, "+" or "-" for visible, "s" or "n" for selected, "=" and
+/// colour.
 QString brief(const BCF_2_0_Lib::Viewpoint *viewpoint)
 {
     QStringList parts;
@@ -118,17 +120,21 @@ void TestVariants::topics_data()
     const QByteArray start = "{'guid':'t','title':'','creation_author':'','creation_date':''";
     const auto row = [start](const char *name, const QByteArray &given, const QByteArray &rebuilt,
                              const char *version = "2.1") {
-        QTest::newRow(name) << version << QByteArray("{'guid':'t'" + given + '}') << QByteArray(start + rebuilt + '}');
+        QTest::newRow(name) << version << QByteArray("{'guid':'t'" + given + '}')
+                            << QByteArray(start + rebuilt + '}');
     };
     row("a guid alone", "", "");
     const QByteArray fields =
-        ",'topic_type':'a','topic_status':'b','reference_link':'c','priority':'d','index':0,'labels':['e','','e'],"
-        "'modified_date':'2024-03-14T09:00:00+05:30','modified_author':'f','assigned_to':'g','description':'h',"
+        ",'topic_type':'a','topic_status':'b','reference_link':'c','priority':'d','index':0,'labels':['e','',"
+        "'e'],"
+        "'modified_date':'2024-03-14T09:00:00+05:30','modified_author':'f','assigned_to':'g','description':'"
+        "h',"
         "'bim_snippet':{'snippet_type':'','is_external':true,'reference':'','reference_schema':''},'files':[{"
         "'ifc_project':'i','ifc_spatial_structure_element':'j','is_external':false,'file_name':'k',"
         "'date':'2024-03-14T09:00:00Z','reference':'l'}],'related_topics':['n','m']";
     row("all plain fields", fields, fields);
-    row("missing flags: a file is external, others are not", ",'files':[{}],'document_references':[{}],'bim_snippet':{}",
+    row("missing flags: a file is external, others are not",
+        ",'files':[{}],'document_references':[{}],'bim_snippet':{}",
         ",'files':[{'is_external':true}],'document_references':[{'guid':'','is_external':false}],"
         "'bim_snippet':{'snippet_type':'','is_external':false,'reference':'','reference_schema':''}");
     row("a document reference loses its guid", ",'document_references':[{'guid':'d','description':'e'}]",
@@ -137,39 +143,58 @@ void TestVariants::topics_data()
         ",'index':-7,'files':'x','comments':[],'labels':{},'modified_date':'soon','viewpoints':{}", "");
     const QByteArray comment = "'date':'','author':'','comment':'','topic_guid':'t'";
     row("a reply is found only behind what it answers, a link only to what is there",
-        ",'viewpoints':[{'guid':'v'}],'comments':[{'guid':'a','reply_to_comment_guid':'b'},{'guid':'b','topic_guid':'u',"
+        ",'viewpoints':[{'guid':'v'}],'comments':[{'guid':'a','reply_to_comment_guid':'b'},{'guid':'b','"
+        "topic_guid':'u',"
         "'viewpoint_guid':'v'},{'viewpoint_guid':'w','reply_to_comment_guid':'a','status':'x'}]",
-        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{}}],'comments':"
-        "[{'guid':'a'," + comment + "},{'guid':'b','viewpoint_guid':'v'," + comment + "},{'guid':'',"
-        "'reply_to_comment_guid':'a'," + comment + "}]");
-    row("a status is written when empty, a verbal one is not", ",'comments':[{},{'verbal_status':'v','status':'s'}]",
-        ",'comments':[{'guid':'','status':''," + comment + "},{'guid':'','verbal_status':'v','status':'s'," + comment
-        + "}]", "2.0");
+        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{}}],'"
+        "comments':"
+        "[{'guid':'a',"
+            + comment + "},{'guid':'b','viewpoint_guid':'v'," + comment
+            + "},{'guid':'',"
+              "'reply_to_comment_guid':'a',"
+            + comment + "}]");
+    row("a status is written when empty, a verbal one is not",
+        ",'comments':[{},{'verbal_status':'v','status':'s'}]",
+        ",'comments':[{'guid':'','status':''," + comment + "},{'guid':'','verbal_status':'v','status':'s',"
+            + comment + "}]",
+        "2.0");
     const QByteArray png = ",'snapshot':{'snapshot_type':'png','snapshot_data':'image'},'components':{}";
     row("file names come with an image only, those of a position without names; a data URL is the image",
-        ",'viewpoints':[{'guid':'a','viewpoint_file':'x','snapshot_file':'y'},{'guid':'b','viewpoint_file':'x',"
+        ",'viewpoints':[{'guid':'a','viewpoint_file':'x','snapshot_file':'y'},{'guid':'b','viewpoint_file':'"
+        "x',"
         "'snapshot_file':'y'},{'guid':'c','snapshot':{'snapshot_data':'data:image/png;base64,aW1hZ2U='}},"
         "{'guid':'d','viewpoint_file':'x','snapshot_file':'y','snapshot':{'snapshot_data':'image'}},"
-        "{'guid':'e','viewpoint_file':'x','snapshot':{'snapshot_data':'image'}},{'guid':'f','viewpoint_file':'x',"
-        "'snapshot':{'snapshot_data':'','snapshot_type':'png'}},{'guid':'','snapshot':{'snapshot_data':'image'}}]",
+        "{'guid':'e','viewpoint_file':'x','snapshot':{'snapshot_data':'image'}},{'guid':'f','viewpoint_file':"
+        "'x',"
+        "'snapshot':{'snapshot_data':'','snapshot_type':'png'}},{'guid':'','snapshot':{'snapshot_data':'"
+        "image'}}]",
         ",'viewpoints':[{'guid':'a','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{}},"
-        "{'guid':'b','components':{}},{'guid':'c','viewpoint_file':'viewpoint2.bcfv','snapshot_file':'snapshot2.png'"
-        + png + "},{'guid':'d','viewpoint_file':'x','snapshot_file':'y'" + png + "},{'guid':'e','viewpoint_file':'x',"
-        "'snapshot_file':''" + png + "},{'guid':'f','components':{}},{'guid':'','viewpoint_file':'viewpoint6.bcfv',"
-        "'snapshot_file':'snapshot6.png','components':{}}]");
+        "{'guid':'b','components':{}},{'guid':'c','viewpoint_file':'viewpoint2.bcfv','snapshot_file':'"
+        "snapshot2.png'"
+            + png + "},{'guid':'d','viewpoint_file':'x','snapshot_file':'y'" + png
+            + "},{'guid':'e','viewpoint_file':'x',"
+              "'snapshot_file':''"
+            + png
+            + "},{'guid':'f','components':{}},{'guid':'','viewpoint_file':'viewpoint6.bcfv',"
+              "'snapshot_file':'snapshot6.png','components':{}}]");
     row("a data URL in other spelling is its own text",
         ",'viewpoints':[{'guid':'v','snapshot':{'snapshot_data':'DATA:image/png;base64,aW1hZ2U='}}]",
-        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'snapshot.png','components':{},"
+        ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'snapshot.png','"
+        "components':{},"
         "'snapshot':{'snapshot_type':'png','snapshot_data':'DATA:image/png;base64,aW1hZ2U='}}]");
     const QByteArray zero = "{'x':0,'y':0,'z':0}";
     row("missing points and numbers are 0, so only the perspective camera counts",
-        ",'viewpoints':[{'guid':'v','orthogonal_camera':{},'perspective_camera':{},'lines':[{'start_point':{'x':1}}],"
+        ",'viewpoints':[{'guid':'v','orthogonal_camera':{},'perspective_camera':{},'lines':[{'start_point':{'"
+        "x':1}}],"
         "'clipping_planes':[{}],'bitmaps':[{'bitmap_type':7,'reference':'r'}]}]",
         ",'viewpoints':[{'guid':'v','viewpoint_file':'viewpoint.bcfv','snapshot_file':'','components':{},"
-        "'perspective_camera':{'camera_view_point':" + zero + ",'camera_direction':" + zero + ",'camera_up_vector':"
-        + zero + ",'field_of_view':0},'lines':[{'start_point':{'x':1,'y':0,'z':0},'end_point':" + zero
-        + "}],'clipping_planes':[{'location':" + zero + ",'direction':" + zero + "}],'bitmaps':[{'bitmap_type':7,"
-        "'location':" + zero + ",'normal':" + zero + ",'up':" + zero + ",'height':0}]}]");
+        "'perspective_camera':{'camera_view_point':"
+            + zero + ",'camera_direction':" + zero + ",'camera_up_vector':" + zero
+            + ",'field_of_view':0},'lines':[{'start_point':{'x':1,'y':0,'z':0},'end_point':" + zero
+            + "}],'clipping_planes':[{'location':" + zero + ",'direction':" + zero
+            + "}],'bitmaps':[{'bitmap_type':7,"
+              "'location':"
+            + zero + ",'normal':" + zero + ",'up':" + zero + ",'height':0}]}]");
 }
 
 void TestVariants::topics()
@@ -190,17 +215,35 @@ void TestVariants::folding_data()
     QTest::addColumn<QString>("folded");
     QTest::addColumn<QString>("unfolded");
 
-    QTest::newRow("no components") << "" << "visible but " << "";
-    QTest::newRow("more shown than hidden: the shown ones are written, the hidden one comes back by its colour")
-        << "a+=ff0000 b+s c-=ff0000" << "hidden but a,b; selected b; #ff0000 a,c" << "a+=ff0000 b+s c=ff0000";
-    QTest::newRow("without colour it is gone") << "a+ b+ c-" << "hidden but a,b" << "a+ b+";
-    QTest::newRow("three shown, two hidden") << "a+ b- c+ d- e+" << "hidden but a,c,e" << "a+ c+ e+";
-    QTest::newRow("two shown, three hidden") << "a- b+ c- d+ e-" << "visible but a,c,e" << "a- c- e-";
-    QTest::newRow("a tie is for the hidden ones") << "a+ b- c+ d-" << "visible but b,d" << "b- d-";
-    QTest::newRow("unset counts as hidden") << "b a+ c" << "visible but b,c" << "b- c-";
-    QTest::newRow("not selected is not told") << "b-n a-s" << "visible but a,b; selected a" << "a-s b-";
+    QTest::newRow("no components") << ""
+                                   << "visible but "
+                                   << "";
+    QTest::newRow(
+        "more shown than hidden: the shown ones are written, the hidden one comes back by its colour")
+        << "a+=ff0000 b+s c-=ff0000"
+        << "hidden but a,b; selected b; #ff0000 a,c"
+        << "a+=ff0000 b+s c=ff0000";
+    QTest::newRow("without colour it is gone") << "a+ b+ c-"
+                                               << "hidden but a,b"
+                                               << "a+ b+";
+    QTest::newRow("three shown, two hidden") << "a+ b- c+ d- e+"
+                                             << "hidden but a,c,e"
+                                             << "a+ c+ e+";
+    QTest::newRow("two shown, three hidden") << "a- b+ c- d+ e-"
+                                             << "visible but a,c,e"
+                                             << "a- c- e-";
+    QTest::newRow("a tie is for the hidden ones") << "a+ b- c+ d-"
+                                                  << "visible but b,d"
+                                                  << "b- d-";
+    QTest::newRow("unset counts as hidden") << "b a+ c"
+                                            << "visible but b,c"
+                                            << "b- c-";
+    QTest::newRow("not selected is not told") << "b-n a-s"
+                                              << "visible but a,b; selected a"
+                                              << "a-s b-";
     QTest::newRow("two spellings are two groups of one name")
-        << "a-=ff0000 b-=#ff0000 c-=##1" << "visible but a,b,c; ##1 c; #ff0000 b; #ff0000 a"
+        << "a-=ff0000 b-=#ff0000 c-=##1"
+        << "visible but a,b,c; ##1 c; #ff0000 b; #ff0000 a"
         << "a-=ff0000 b-=ff0000 c-=#1";
 }
 
@@ -230,7 +273,8 @@ void TestVariants::references_data()
         << QByteArray("{}") << QByteArray("{}") << "o+";
     QTest::newRow("exceptions without a default: to true in the sets, to false in the list")
         << QByteArray("{'visibility':{'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
-        << QByteArray("{'visibility':{'default_visibility':true,'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
+        << QByteArray(
+               "{'visibility':{'default_visibility':true,'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
         << "a+ b+ o+";
     QTest::newRow("only the sets take an empty guid")
         << QByteArray("{'selection':[{'ifc_guid':''},{'ifc_project':'p'},'x',{'ifc_guid':'a'}],'coloring':5}")
@@ -239,9 +283,9 @@ void TestVariants::references_data()
         << QByteArray("{'view_setup_hints':{'spaces_visible':true},'visibility':{'default_visibility':false,"
                       "'view_setup_hints':{'openings_visible':false}}}")
         << QByteArray("{'view_setup_hints':{'openings_visible':false}}") << "o+";
-    QTest::newRow("the list takes groups as a list")
-        << QByteArray("{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]},{'components':[{'ifc_guid':'o'}]}]}")
-        << QByteArray("{}") << "a=red o+";
+    QTest::newRow("the list takes groups as a list") << QByteArray(
+        "{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]},{'components':[{'ifc_guid':'o'}]}]}")
+                                                     << QByteArray("{}") << "a=red o+";
     QTest::newRow("the sets take groups as a map, of any key")
         << QByteArray("{'coloring':{'red':[{'ifc_guid':'a'}],'#00FF00':[]}}")
         << QByteArray("{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]}]}") << "o+";
@@ -288,10 +332,11 @@ void TestVariants::liveTopic()
 {
     const QSharedPointer<BCFModel> model = BCFModel::Create("2.0", nullptr);
     Topic *topic = addTopic(model);
-    topic->fromQVariant(form("{'guid':'t','files':[{}],'document_references':[{}],'related_topics':[{'guid':'x'}],"
-                             "'bim_snippet':{},'viewpoints':[{'guid':'v','lines':[{}],'components':{'selection':"
-                             "[{'ifc_guid':'a'}]},'snapshot':{'snapshot_data':'image'}}],'comments':[{'guid':'c'},"
-                             "{'guid':'d','viewpoint_guid':'v','reply_to_comment_guid':'c'}]}"));
+    topic->fromQVariant(
+        form("{'guid':'t','files':[{}],'document_references':[{}],'related_topics':[{'guid':'x'}],"
+             "'bim_snippet':{},'viewpoints':[{'guid':'v','lines':[{}],'components':{'selection':"
+             "[{'ifc_guid':'a'}]},'snapshot':{'snapshot_data':'image'}}],'comments':[{'guid':'c'},"
+             "{'guid':'d','viewpoint_guid':'v','reply_to_comment_guid':'c'}]}"));
     QVERIFY(!topic->toQVariant().toMap().value("related_topics").toList().first().toString().isEmpty());
     Comment *guest = addTopic(model)->addComment("guest");
     guest->setViewpoint(topic->viewpoint("v"));
