@@ -45,7 +45,7 @@ void ProgressBar::draw()
                              .arg(_title, bar)
                              .arg(_done)
                              .arg(_max)
-                             .arg(_time.elapsed() / 1000.0, 0, 'f', 1);
+                             .arg(static_cast<double>(_time.elapsed()) / 1000.0, 0, 'f', 1);
     std::fprintf(stderr, "\r%s", line.toUtf8().constData());
     std::fflush(stderr);
 }
