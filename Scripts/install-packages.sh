@@ -11,9 +11,9 @@ packages=(
     liblog4cplus-dev
     libopenscenegraph-dev
     libquazip1-qt5-dev
-    libxml2-utils
     ninja-build
     pkg-config
+    python3
     qtbase5-dev
     qttools5-dev-tools
     unzip
