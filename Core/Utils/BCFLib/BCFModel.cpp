@@ -359,16 +359,17 @@ bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, QStringList &files) const
 
 bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
 {
-    QFile file(path);
-    bool isOpen = false;
-    const auto write = [&file, &isOpen](QIODevice *device) {
-        isOpen = file.open(QIODevice::ReadOnly);
-        if (isOpen) {
-            device->write(file.readAll());
+    bool isRead = false;
+    const auto write = [&path, &isRead](QIODevice *device) {
+        QFile file(path);
+        QByteArray bytes;
+        isRead = file.open(QIODevice::ReadOnly)
+                 && readToEnd(&file, Limits::attachmentBytes, &bytes) != ReadOutcome::TooLarge;
+        if (isRead) {
+            device->write(bytes);
         }
     };
-    return ZipEntries::writeUnchecked(zip, QFileInfo(path).fileName(), ZipEntries::readPermissions, write)
-        && isOpen;
+    return ZipEntries::writeUnchecked(zip, QFileInfo(path).fileName(), ZipEntries::readPermissions, write) && isRead;
 }
 
 bool BCFModel::isValid() const

@@ -141,8 +141,6 @@ protected:
     static void readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint);
 
 private:
-    friend class Topic;
-
     bool readArchive(QuaZip *zip, const Tavrin::ProgressionSignals &progress);
     QStringList readTopics(QuaZip *zip, const QString &version, const Tavrin::ProgressionSignals &progress);
     bool unpackAttachments(QuaZip *zip, const QStringList &files, const Tavrin::ProgressionSignals &progress);

@@ -128,10 +128,10 @@ void Viewpoint::readComponents(QDomElement &root)
 {
     const QDomElement components = root.firstChildElement(QStringLiteral("Components"));
     for (const QDomElement &element : effectiveElements(components)) {
-        Component *component = addComponent(element.attribute(QStringLiteral("IfcGuid")));
+        Component *component = addComponent(Xml::detachedText(element.attribute(QStringLiteral("IfcGuid"))));
         component->setSelected(readMark(element, QStringLiteral("Selected")));
         component->setVisible(readMark(element, QStringLiteral("Visible")));
-        component->setColor(element.attribute(QStringLiteral("Color")));
+        component->setColor(Xml::detachedText(element.attribute(QStringLiteral("Color"))));
         component->read(element);
     }
 }

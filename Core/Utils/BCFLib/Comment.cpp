@@ -1,7 +1,6 @@
 #include "Comment.h"
 
 #include "DOMXml.h"
-#include "GuidHints.h"
 #include "Topic.h"
 #include "VariantMap.h"
 #include "Viewpoint.h"
@@ -66,9 +65,6 @@ QString Comment::guid() const
 
 void Comment::setGuid(const QString &guid)
 {
-    if (const Topic *topic = qobject_cast<Topic *>(parent())) {
-        topic->_commentHints->forget(guid);
-    }
     setObjectName(guid);
 }
 

@@ -60,9 +60,6 @@ protected:
     /// Tells the owner when a host hangs an object under the component, which searches must then visit.
     void childEvent(QChildEvent *event) override;
 
-    /// The object whose lists hold this component, for as long as it lives.
-    QPointer<QObject> _holder;
-
 private:
     friend class Components;
     friend class BCF_2_0_Lib::Viewpoint;
@@ -73,6 +70,10 @@ private:
     QString _originatingSystem;
     QString _authoringToolId;
     QString _ifcProjectId;
+
+protected:
+    /// The object whose lists hold this component, for as long as it lives.
+    QPointer<QObject> _holder;
 };
 
 } // namespace BCFLib

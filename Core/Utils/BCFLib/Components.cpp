@@ -5,8 +5,6 @@
 
 #include <QChildEvent>
 #include <QDomDocument>
-#include <QScopedValueRollback>
-#include <QSet>
 #include <QVariantMap>
 
 namespace BCFLib {
@@ -92,26 +90,30 @@ QList<Component *> Components::guidListToComponentList(const QStringList &guids)
     return list;
 }
 
-void Components::deleteAll(QList<Component *> list)
+void Components::deleteAll(const QList<Component *> &list)
 {
-    const QScopedValueRollback<bool> deletingSet(_deletingSet, true);
-    // In the order of the children: an object looks for each child that goes from the first one on.
-    const QSet<QObject *> doomed(list.constBegin(), list.constEnd());
-    if (doomed.isEmpty()) {
+    if (list.isEmpty()) {
         return;
     }
-    list.clear();
+    for (Component *component : list) {
+        _doomed.insert(component);
+    }
+    // In the order of the children: an object looks for each child that goes from the first one on.
     const QObjectList all = children();
     for (QObject *child : all) {
-        if (doomed.contains(child)) {
+        if (_doomed.contains(child)) {
             delete child;
         }
+    }
+    // What is left a host has hung elsewhere.
+    while (!_doomed.isEmpty()) {
+        delete *_doomed.constBegin();
     }
 }
 
 void Components::forget(Component *component)
 {
-    if (_deletingSet) {
+    if (_doomed.remove(component)) {
         return;
     }
     _selectionComponents.removeOne(component);
@@ -159,9 +161,10 @@ void Components::read(const QDomElement &root)
     readViewSetupHints(components.firstChildElement(QStringLiteral("ViewSetupHints")));
     _selectionComponents = readComponentList(components.firstChildElement(QStringLiteral("Selection")));
     const QDomElement visibility = components.firstChildElement(QStringLiteral("Visibility"));
-    const QString defaultVisibility = QStringLiteral("DefaultVisibility");
-    if (visibility.hasAttribute(defaultVisibility)) {
-        _defaultVisibility = Tavrin::toBool(visibility.attribute(defaultVisibility));
+    const QString defaultVisibility = visibility.attribute(QStringLiteral("DefaultVisibility"));
+    // A text that says neither hides nothing.
+    if (Tavrin::toBoolean(defaultVisibility) != Tavrin::BooleanUnset) {
+        _defaultVisibility = Tavrin::toBool(defaultVisibility);
     }
     _visibilityExceptionComponents =
         readComponentList(visibility.firstChildElement(QStringLiteral("Exceptions")));
@@ -184,7 +187,7 @@ QList<Component *> Components::readComponentList(const QDomElement &element)
 {
     QList<Component *> list;
     for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
-        const QString guid = child.attribute(QStringLiteral("IfcGuid"));
+        const QString guid = Xml::detachedText(child.attribute(QStringLiteral("IfcGuid")));
         if (!guid.isEmpty()) {
             Component *component = new Component(guid, this);
             component->read(child);

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -102,15 +103,15 @@ private:
     /// A component that is destroyed leaves its set.
     void forget(Component *component);
     bool holdsOnlyComponents() const;
-    void deleteAll(QList<Component *> list);
+    void deleteAll(const QList<Component *> &list);
 
     ViewSetupHints _viewSetupHints;
     QList<Component *> _selectionComponents;
     bool _defaultVisibility = true;
     QList<Component *> _visibilityExceptionComponents;
     QMap<QString, QList<Component *>> _coloringComponents;
-    /// Set while a whole set goes, whose components need not be searched for one by one.
-    bool _deletingSet = false;
+    /// Components that are being deleted, and stand in no set any more.
+    QSet<QObject *> _doomed;
     /// Set once a host has hung something under a component, or a component elsewhere.
     bool _holdsStrangers = false;
 };

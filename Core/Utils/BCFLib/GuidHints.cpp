@@ -11,18 +11,14 @@ constexpr int smallFamily = 32;
 
 QObject *GuidHints::hint(const QObject *owner, const QString &guid, const QMetaObject *type)
 {
-    const int size = owner->children().size();
-    if (size < smallFamily) {
+    if (owner->children().size() < smallFamily) {
         _hints.clear();
-        _lookedAt = 0;
+        _listener.reset();
+        _takenIn = 0;
         return nullptr;
     }
-    QObject *child = verifiedHint(owner, guid);
-    if (child == nullptr) {
-        takeInNewcomers(owner, type);
-        child = verifiedHint(owner, guid);
-    }
-    return child;
+    takeInNewcomers(owner, type);
+    return verifiedHint(owner, guid);
 }
 
 QObject *GuidHints::verifiedHint(const QObject *owner, const QString &guid) const
@@ -34,25 +30,37 @@ QObject *GuidHints::verifiedHint(const QObject *owner, const QString &guid) cons
 void GuidHints::takeInNewcomers(const QObject *owner, const QMetaObject *type)
 {
     const QObjectList &children = owner->children();
-    for (_lookedAt = qMin(_lookedAt, children.size()); _lookedAt < children.size(); ++_lookedAt) {
-        QObject *child = children.at(_lookedAt);
-        // The first of several with one guid is the one to be found.
-        if (type->cast(child) != nullptr && verifiedHint(owner, child->objectName()) == nullptr) {
-            remember(child);
+    for (_takenIn = qMin(_takenIn, children.size()); _takenIn < children.size(); ++_takenIn) {
+        if (type->cast(children.at(_takenIn)) != nullptr) {
+            takeIn(children.at(_takenIn));
         }
     }
 }
 
-void GuidHints::remember(QObject *child)
+void GuidHints::takeIn(QObject *child)
 {
-    if (child != nullptr && _lookedAt > 0) {
+    const auto known = _hints.find(child->objectName());
+    if (known == _hints.end()) {
         _hints.insert(child->objectName(), child);
+    } else if (known.value() != child) {
+        known.value().clear();
     }
+    if (_listener == nullptr) {
+        _listener = std::make_unique<QObject>();
+    }
+    // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
+    QObject::disconnect(child, nullptr, _listener.get(), nullptr);
+    QObject::connect(
+        child, &QObject::objectNameChanged, _listener.get(),
+        [this](const QString &guid) { _hints[guid].clear(); }, Qt::DirectConnection);
 }
 
-void GuidHints::forget(const QString &guid)
+void GuidHints::missed(const QObject *owner, QObject *child)
 {
-    _hints.remove(guid);
+    // Where earlier children have gone, later ones have moved up among those that were taken in.
+    if (child != nullptr && _takenIn > 0 && !_hints.contains(child->objectName())) {
+        _takenIn = owner->children().indexOf(child);
+    }
 }
 
 } // namespace BCFLib

@@ -8,13 +8,16 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 namespace BCFLib {
 
 /// Remembers which child of a large family bears which guid, so that not every search asks every child.
 ///
 /// A hint is never trusted: a search looks whether the child is still there and still bears the guid,
-/// and asks all children where a hint fails. Hints learn nothing by themselves; the children are the
-/// only store.
+/// and asks all children where a hint fails. A guid that a second child was ever seen with, or that a
+/// child took on later, has no hint any more, since the order of the children then decides. The children
+/// are the only store.
 class GuidHints
 {
 public:
@@ -26,23 +29,24 @@ public:
         T *child = qobject_cast<T *>(hint(owner, guid, &T::staticMetaObject));
         if (child == nullptr) {
             child = ObjectTree::childWhere<T>(owner, hasGuid);
-            remember(child);
+            missed(owner, child);
         }
         return child != nullptr ? child : ObjectTree::furtherBelowWhere<T>(owner, hasGuid);
     }
-
-    /// To be called when any child takes on that guid, as it may stand before the one that bears it.
-    void forget(const QString &guid);
 
 private:
     QObject *hint(const QObject *owner, const QString &guid, const QMetaObject *type);
     QObject *verifiedHint(const QObject *owner, const QString &guid) const;
     void takeInNewcomers(const QObject *owner, const QMetaObject *type);
-    void remember(QObject *child);
+    void takeIn(QObject *child);
+    void missed(const QObject *owner, QObject *child);
 
+    /// Null for a guid that has no hint any more.
     QHash<QString, QPointer<QObject>> _hints;
-    /// How many of the children, from the first one on, were looked at.
-    int _lookedAt = 0;
+    /// How many of the children, from the first one on, were taken in.
+    int _takenIn = 0;
+    /// Hears of guids that children take on.
+    std::unique_ptr<QObject> _listener;
 };
 
 } // namespace BCFLib

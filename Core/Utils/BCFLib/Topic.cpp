@@ -88,9 +88,6 @@ QString Topic::guid() const
 
 void Topic::setGuid(const QString &guid)
 {
-    if (const BCFModel *model = qobject_cast<BCFModel *>(parent())) {
-        model->_topicHints->forget(guid);
-    }
     setObjectName(guid);
 }
 

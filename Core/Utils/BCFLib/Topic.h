@@ -249,8 +249,6 @@ protected:
 
 private:
     friend class BCFModel;
-    friend class Comment;
-    friend class Viewpoint;
 
     void readAttachments(const QDomElement &topic);
     void writeAttachments(QDomDocument &doc, QDomElement &topic);

@@ -4,7 +4,6 @@
 #include "ClippingPlane.h"
 #include "Components.h"
 #include "DOMXml.h"
-#include "GuidHints.h"
 #include "Line.h"
 #include "ObjectTree.h"
 #include "Topic.h"
@@ -35,7 +34,8 @@ bool readNumberElement(const QDomElement &parent, const QString &name, double *v
         return false;
     }
     bool isNumber = false;
-    *value = text.toDouble(&isNumber);
+    const double number = text.toDouble(&isNumber);
+    *value = isNumber ? number : 0.0;
     return isNumber;
 }
 
@@ -130,9 +130,15 @@ void insertForms(QVariantMap &map, const QString &key, const QList<T *> &objects
 /// The image that the value under "snapshot_data" tells: bytes, or the text of a data URL.
 QByteArray imageFromForm(const QVariant &value)
 {
-    const QByteArray prefix = QByteArrayLiteral("data:image/png;base64,");
-    const QByteArray bytes = value.toByteArray();
-    return bytes.startsWith(prefix) ? QByteArray::fromBase64(bytes.mid(prefix.size())) : bytes;
+    const QString prefix = QStringLiteral("data:image/png;base64,");
+    // Of bytes, which as a rule are the image, no more is turned into text than tells what they are.
+    const bool isBytes = value.userType() == QMetaType::QByteArray;
+    const QString beginning =
+        isBytes ? QString::fromUtf8(value.toByteArray().left(2 * prefix.size())) : value.toString();
+    if (!beginning.startsWith(prefix)) {
+        return value.toByteArray();
+    }
+    return QByteArray::fromBase64(value.toString().mid(prefix.size()).toLatin1());
 }
 
 } // namespace
@@ -165,9 +171,6 @@ QString Viewpoint::guid() const
 
 void Viewpoint::setGuid(const QString &guid)
 {
-    if (const Topic *topic = qobject_cast<Topic *>(parent())) {
-        topic->_viewpointHints->forget(guid);
-    }
     setObjectName(guid);
 }
 

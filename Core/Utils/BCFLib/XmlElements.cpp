@@ -39,6 +39,11 @@ bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QStrin
     return true;
 }
 
+QString Xml::detachedText(const QString &text)
+{
+    return text.isEmpty() ? text : QString(text.constData(), text.size());
+}
+
 QDateTime Xml::childLocalDate(const QDomElement &parent, const QString &name)
 {
     return QDateTime::fromString(childText(parent, name), Qt::ISODate).toLocalTime();

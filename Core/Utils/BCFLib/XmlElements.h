@@ -65,6 +65,12 @@ QString childGuid(const QDomElement &parent, const QString &name);
 /// False, with @p text as it was, if there is no such child or it does not begin with text.
 bool readLeadingText(const QDomElement &parent, const QString &name, QString *text);
 
+/// The same text in memory of its own.
+///
+/// Texts share their memory with the document that they come from. Where many objects outlive a large
+/// document, each text would keep back a piece of what the document took.
+QString detachedText(const QString &text);
+
 /// The ISO date that the first child of that name holds, in local time; invalid without one.
 QDateTime childLocalDate(const QDomElement &parent, const QString &name);
 
