@@ -6,6 +6,8 @@
 #include <QList>
 #include <QXmlInputSource>
 
+#include <algorithm>
+#include <cctype>
 #include <cstring>
 
 namespace BCFLib {
@@ -45,7 +47,7 @@ public:
 
     bool isHarmless()
     {
-        while (_harmless && find('<')) {
+        while (_harmless && findMarkup()) {
             if (startsWith("</")) {
                 _tally.close();
                 skipPast(">");
@@ -55,8 +57,10 @@ public:
                 skipConstruct("<![CDATA[", "]]>");
             } else if (startsWith("<?")) {
                 skipConstruct("<?", "?>");
-            } else if (startsWith("<!")) {
+            } else if (startsWith("<!DOCTYPE")) {
                 scanDocumentType();
+            } else if (startsWith("<!")) {
+                _harmless = false;
             } else {
                 scanStartTag();
             }
@@ -70,6 +74,15 @@ private:
         const void *found = std::memchr(_at, c, static_cast<size_t>(_end - _at));
         _at = found != nullptr ? static_cast<const char *>(found) : _end;
         return _at != _end;
+    }
+
+    /// Finds the next markup. Each reference to an entity that nothing declares is a node of its own.
+    bool findMarkup()
+    {
+        const char *text = _at;
+        const bool found = find('<');
+        _harmless = _tally.node(std::count(text, _at, '&'));
+        return _harmless && found;
     }
 
     bool startsWith(const char *text) const
@@ -117,7 +130,7 @@ private:
     void scanDocumentType()
     {
         bool inSubset = false;
-        for (++_at; _at != _end; ++_at) {
+        for (++_at; _harmless && _at != _end; ++_at) {
             const char c = *_at;
             if (c == '"' || c == '\'') {
                 ++_at;
@@ -132,7 +145,13 @@ private:
                 --_at;
             } else if (startsWith("<!ENTITY") || startsWith("<!ATTLIST")) {
                 _harmless = false;
-                return;
+            } else if (c == '<') {
+                _harmless = _tally.node(1);
+            } else if (c == '(') {
+                // The parser calls itself for each group in the content of an element.
+                _harmless = _tally.open();
+            } else if (c == ')') {
+                _tally.close();
             } else if (c == '[') {
                 inSubset = true;
             } else if (c == ']') {
