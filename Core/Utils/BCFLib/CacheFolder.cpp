@@ -6,8 +6,29 @@
 
 namespace BCFLib {
 
+namespace {
+
+QDir location()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+}
+
+/// Whether a path leads to a place below @p dir, with every link on the way followed.
+bool standsBelow(const QDir &dir, const QString &path)
+{
+    const QFileInfo copy(path);
+    if (copy.isSymLink() && !copy.exists()) {
+        return false;
+    }
+    const QString target = copy.exists() ? copy.canonicalFilePath() : copy.dir().canonicalPath();
+    const QString root = dir.canonicalPath();
+    return !root.isEmpty() && (target == root || target.startsWith(root + QLatin1Char('/')));
+}
+
+} // namespace
+
 CacheFolder::CacheFolder()
-    : _dir(QStandardPaths::writableLocation(QStandardPaths::CacheLocation))
+    : _dir(location())
 {
     if (!_dir.exists()) {
         _dir.mkpath(QStringLiteral("."));
@@ -28,23 +49,16 @@ bool CacheFolder::write(const QString &memberName, const QByteArray &bytes) cons
 {
     const QString copyPath = _dir.absoluteFilePath(memberName);
     QFile copy(copyPath);
-    if (!staysInside(copyPath) || !copy.open(QIODevice::WriteOnly)) {
+    if (!standsBelow(_dir, copyPath) || !copy.open(QIODevice::WriteOnly)) {
         return false;
     }
     copy.write(bytes);
     return true;
 }
 
-bool CacheFolder::staysInside(const QString &path) const
+bool CacheFolder::leadsAstray(const QString &path)
 {
-    const QFileInfo copy(path);
-    if (copy.isSymLink() && !copy.exists()) {
-        return false;
-    }
-    // Where the path really leads, with every link on the way followed.
-    const QString target = copy.exists() ? copy.canonicalFilePath() : copy.dir().canonicalPath();
-    const QString root = _dir.canonicalPath();
-    return !root.isEmpty() && (target == root || target.startsWith(root + QLatin1Char('/')));
+    return path.startsWith(location().absolutePath() + QLatin1Char('/')) && !standsBelow(location(), path);
 }
 
 } // namespace BCFLib

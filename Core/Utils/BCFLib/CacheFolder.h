@@ -28,9 +28,12 @@ public:
     /// which comes from a stranger, leads out of the cache folder, by itself or by a symbolic link.
     bool write(const QString &memberName, const QByteArray &bytes) const;
 
-private:
-    bool staysInside(const QString &path) const;
+    /// Whether @p path begins in the folder, but leads out of it, by itself or by a symbolic link.
+    ///
+    /// Only an archive from a stranger names such a file, which is neither written nor read then.
+    static bool leadsAstray(const QString &path);
 
+private:
     QDir _dir;
 };
 
