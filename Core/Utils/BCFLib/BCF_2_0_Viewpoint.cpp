@@ -120,8 +120,9 @@ void Viewpoint::childEvent(QChildEvent *event)
 bool Viewpoint::holdsOnlyComponents() const
 {
     // One more child is the Components object, which stays empty in this class.
-    return !_holdsStrangers && children().size() == _components.size() + 1
-        && BCFLib::Viewpoint::components()->children().isEmpty();
+    const QObject *sets = findChild<BCFLib::Components *>(QString(), Qt::FindDirectChildrenOnly);
+    return !_holdsStrangers && sets != nullptr && sets->children().isEmpty()
+        && children().size() == _components.size() + 1;
 }
 
 void Viewpoint::readComponents(QDomElement &root)

@@ -275,7 +275,9 @@ Bitmap *Viewpoint::addBitmap()
 
 Components *Viewpoint::components() const
 {
-    return ObjectTree::first<Components>(this);
+    Components *sets = ObjectTree::first<Components>(this);
+    // A host that has deleted it, or moved it elsewhere, finds a new one.
+    return sets != nullptr ? sets : new Components(const_cast<Viewpoint *>(this));
 }
 
 void Viewpoint::setSnapshot(const QByteArray &data)

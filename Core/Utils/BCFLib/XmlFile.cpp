@@ -33,6 +33,9 @@ bool XmlFile::read(QIODevice *device, QDomDocument *document)
 
 void XmlFile::write(const QDomDocument &document, QIODevice *device)
 {
+    if (device == nullptr) {
+        return;
+    }
     device->setTextModeEnabled(true);
     QTextStream stream(device);
     stream.setCodec("UTF-8");
