@@ -8,13 +8,13 @@ namespace BCFLib {
 
 namespace {
 
-constexpr qint64 firstChunk = 64 * 1024;
+constexpr qint64 firstChunk = 64LL * 1024;
 
 /// What the device says of itself, as far as it may be believed: enough to spare a growing buffer
 /// its copies, too little to let a lie claim much memory.
 qint64 expectedSize(const QIODevice *device, qint64 limit)
 {
-    return qBound<qint64>(0, device->size(), qMin<qint64>(limit, 16 * 1024 * 1024));
+    return qBound<qint64>(0, device->size(), qMin<qint64>(limit, 16LL * 1024 * 1024));
 }
 
 ReadOutcome readChunks(QIODevice *device, qint64 limit, QByteArray *bytes)
