@@ -1,5 +1,6 @@
 #include "BCFModel.h"
 
+#include "ArchiveFile.h"
 #include "BoundedReading.h"
 #include "CacheFolder.h"
 #include "DOMXml.h"
@@ -159,7 +160,8 @@ QSharedPointer<BCFModel> BCFModel::Deserialize(const QString &path,
     // The step of the final close.
     progress.addMax(1);
     QSharedPointer<BCFModel> model(new BCFModel);
-    QuaZip zip(path);
+    ArchiveFile file(path);
+    QuaZip zip(&file);
     if (zip.open(QuaZip::mdUnzip) && model->readArchive(&zip, progress)) {
         zip.close();
         progress.addSteps(1);
@@ -364,12 +366,13 @@ bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
         QFile file(path);
         QByteArray bytes;
         isRead = file.open(QIODevice::ReadOnly)
-                 && readToEnd(&file, Limits::attachmentBytes, &bytes) != ReadOutcome::TooLarge;
+            && readToEnd(&file, Limits::attachmentBytes, &bytes) != ReadOutcome::TooLarge;
         if (isRead) {
             device->write(bytes);
         }
     };
-    return ZipEntries::writeUnchecked(zip, QFileInfo(path).fileName(), ZipEntries::readPermissions, write) && isRead;
+    return ZipEntries::writeUnchecked(zip, QFileInfo(path).fileName(), ZipEntries::readPermissions, write)
+        && isRead;
 }
 
 bool BCFModel::isValid() const

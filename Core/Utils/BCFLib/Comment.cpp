@@ -22,7 +22,7 @@ QVariant Comment::toQVariant() const
 {
     QVariantMap map;
     map.insert(QStringLiteral("guid"), guid());
-    map.insert(QStringLiteral("date"), Variants::fromDate(_date));
+    map.insert(QStringLiteral("date"), Variants::fromDate(_date.value()));
     map.insert(QStringLiteral("author"), _author);
     map.insert(QStringLiteral("comment"), _comment);
     map.insert(QStringLiteral("topic_guid"), _topic ? _topic->guid() : QString());
@@ -33,7 +33,7 @@ QVariant Comment::toQVariant() const
         map.insert(QStringLiteral("reply_to_comment_guid"), _replyToComment->guid());
     }
     if (_modifiedDate.isValid()) {
-        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate));
+        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate.value()));
     }
     Variants::insertIfNotEmpty(map, QStringLiteral("modified_author"), _modifiedAuthor);
     return map;
@@ -70,7 +70,7 @@ void Comment::setGuid(const QString &guid)
 
 QDateTime Comment::date() const
 {
-    return _date;
+    return _date.value();
 }
 
 void Comment::setDate(const QDateTime &date)
@@ -110,7 +110,7 @@ void Comment::setReplyToComment(Comment *replyToComment)
 
 QDateTime Comment::modifiedDate() const
 {
-    return _modifiedDate;
+    return _modifiedDate.value();
 }
 
 void Comment::setModifiedDate(const QDateTime &modifiedDate)
@@ -150,14 +150,14 @@ void Comment::setViewpoint(Viewpoint *viewpoint)
 
 void Comment::read(const QDomElement &element, QHash<Comment *, QString> &replies)
 {
-    _date = Xml::childLocalDate(element, QStringLiteral("Date"));
+    _date = Xml::childDate(element, QStringLiteral("Date"));
     _author = Xml::childText(element, QStringLiteral("Author"));
     _comment = Xml::childText(element, QStringLiteral("Comment"));
     const QString answeredGuid = Xml::childGuid(element, QStringLiteral("ReplyToComment"));
     if (!answeredGuid.isEmpty()) {
         replies.insert(this, answeredGuid);
     }
-    _modifiedDate = Xml::childLocalDate(element, QStringLiteral("ModifiedDate"));
+    _modifiedDate = Xml::childDate(element, QStringLiteral("ModifiedDate"));
     _modifiedAuthor = Xml::childText(element, QStringLiteral("ModifiedAuthor"));
 }
 

@@ -2,6 +2,7 @@
 #define BCFLIB_COMMENT_H
 
 #include "BCFLibExport.h"
+#include "StoredDate.h"
 // Whole classes, not only their names: otherwise the links can't be read through the meta-object.
 #include "Topic.h"
 #include "Viewpoint.h"
@@ -98,11 +99,11 @@ protected:
 private:
     friend class Topic;
 
-    QDateTime _date;
+    StoredDate _date;
     QString _author;
     QString _comment;
     QPointer<Comment> _replyToComment;
-    QDateTime _modifiedDate;
+    StoredDate _modifiedDate;
     QString _modifiedAuthor;
     QPointer<Topic> _topic;
     QPointer<Viewpoint> _viewpoint;

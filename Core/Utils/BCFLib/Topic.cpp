@@ -65,7 +65,7 @@ Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, cons
              QObject *parent)
     : QObject(parent)
     , _title(std::move(title))
-    , _creationDate(std::move(creationDate))
+    , _creationDate(creationDate)
     , _creationAuthor(std::move(creationAuthor))
     , _commentHints(std::make_unique<GuidHints>())
     , _viewpointHints(std::make_unique<GuidHints>())
@@ -173,7 +173,7 @@ void Topic::setLabels(const QStringList &labels)
 
 QDateTime Topic::creationDate() const
 {
-    return _creationDate;
+    return _creationDate.value();
 }
 
 void Topic::setCreationDate(const QDateTime &creationDate)
@@ -193,7 +193,7 @@ void Topic::setCreationAuthor(const QString &creationAuthor)
 
 QDateTime Topic::modifiedDate() const
 {
-    return _modifiedDate;
+    return _modifiedDate.value();
 }
 
 void Topic::setModifiedDate(const QDateTime &modifiedDate)
@@ -454,8 +454,11 @@ Topic *Topic::Deserialize(QIODevice *device, QStringList &files, const QString &
     if (device == nullptr || !XmlFile::read(device, &doc)) {
         return nullptr;
     }
-    std::unique_ptr<Topic> topic(
-        new Topic(QString(), QString(), QDateTime::currentDateTime().toLocalTime(), QString(), nullptr));
+    std::unique_ptr<Topic> topic(new Topic(QString(), QString(), QDateTime(), QString(), nullptr));
+    if (doc.documentElement().firstChildElement(QStringLiteral("Topic")).isNull()) {
+        // Of what a topic begins with, only a file without a topic keeps the time of the load.
+        topic->setCreationDate(QDateTime::currentDateTime().toLocalTime());
+    }
     files.append(topic->readHeader(doc));
     topic->readTopic(doc, version);
     topic->readViewpoints(doc, version);
@@ -501,9 +504,9 @@ void Topic::readTopic(QDomDocument &doc, const QString &version)
     const QDomElement index = topic.firstChildElement(QStringLiteral("Index"));
     _index = index.isNull() ? -1 : index.text().toInt();
     _creationAuthor = Xml::childText(topic, QStringLiteral("CreationAuthor"));
-    _creationDate = Xml::childLocalDate(topic, QStringLiteral("CreationDate"));
+    _creationDate = Xml::childDate(topic, QStringLiteral("CreationDate"));
     _modifiedAuthor = Xml::childText(topic, QStringLiteral("ModifiedAuthor"));
-    _modifiedDate = Xml::childLocalDate(topic, QStringLiteral("ModifiedDate"));
+    _modifiedDate = Xml::childDate(topic, QStringLiteral("ModifiedDate"));
     for (const QDomElement &label : Xml::childElements(topic, QStringLiteral("Labels"))) {
         _labels.append(label.text());
     }
@@ -725,10 +728,10 @@ QVariant Topic::toQVariant() const
     if (!_labels.isEmpty()) {
         map.insert(QStringLiteral("labels"), _labels);
     }
-    map.insert(QStringLiteral("creation_date"), Variants::fromDate(_creationDate));
+    map.insert(QStringLiteral("creation_date"), Variants::fromDate(_creationDate.value()));
     map.insert(QStringLiteral("creation_author"), _creationAuthor);
-    if (!_modifiedDate.isNull()) {
-        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate));
+    if (!_modifiedDate.value().isNull()) {
+        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate.value()));
     }
     Variants::insertIfNotEmpty(map, QStringLiteral("modified_author"), _modifiedAuthor);
     Variants::insertIfNotEmpty(map, QStringLiteral("assigned_to"), _assignedTo);

@@ -2,6 +2,7 @@
 #define BCFLIB_TOPIC_H
 
 #include "BCFLibExport.h"
+#include "StoredDate.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -265,9 +266,9 @@ private:
     QString _priority;
     int _index = -1;
     QStringList _labels;
-    QDateTime _creationDate;
+    StoredDate _creationDate;
     QString _creationAuthor;
-    QDateTime _modifiedDate;
+    StoredDate _modifiedDate;
     QString _modifiedAuthor;
     QString _assignedTo;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;

@@ -44,14 +44,14 @@ QString Xml::detachedText(const QString &text)
     return text.isEmpty() ? text : QString(text.constData(), text.size());
 }
 
-QDateTime Xml::childLocalDate(const QDomElement &parent, const QString &name)
+StoredDate Xml::childDate(const QDomElement &parent, const QString &name)
 {
-    return QDateTime::fromString(childText(parent, name), Qt::ISODate).toLocalTime();
+    return StoredDate::fromFile(childText(parent, name));
 }
 
-QString Xml::dateText(const QDateTime &date)
+QString Xml::dateText(const StoredDate &date)
 {
-    return date.toUTC().toString(Qt::ISODate);
+    return date.inUtc().toString(Qt::ISODate);
 }
 
 QString Xml::flagText(bool flag)

@@ -1,7 +1,8 @@
 #ifndef BCFLIB_XMLELEMENTS_H
 #define BCFLIB_XMLELEMENTS_H
 
-#include <QDateTime>
+#include "StoredDate.h"
+
 #include <QDomElement>
 #include <QString>
 
@@ -71,11 +72,11 @@ bool readLeadingText(const QDomElement &parent, const QString &name, QString *te
 /// document, each text would keep back a piece of what the document took.
 QString detachedText(const QString &text);
 
-/// The ISO date that the first child of that name holds, in local time; invalid without one.
-QDateTime childLocalDate(const QDomElement &parent, const QString &name);
+/// The ISO date that the first child of that name holds; invalid without one.
+StoredDate childDate(const QDomElement &parent, const QString &name);
 
 /// The form of a date in a written file: whole seconds in UTC, empty for an invalid date.
-QString dateText(const QDateTime &date);
+QString dateText(const StoredDate &date);
 
 /// The form of a flag in a written file.
 QString flagText(bool flag);

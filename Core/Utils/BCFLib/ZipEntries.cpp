@@ -37,6 +37,19 @@ bool writeChecked(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
     return entry.getZipError() == ZIP_OK;
 }
 
+/// The name of the entry that the zip stands at.
+QString currentName(QuaZip *zip)
+{
+    // What QuaZip reads quickly is filled up with chance bytes where a name has more than 256 bytes,
+    // which is at least 128 units of text. The information on the entry tells all of the name.
+    const QString name = zip->getCurrentFileName();
+    if (name.size() < 128) {
+        return name;
+    }
+    QuaZipFileInfo64 info;
+    return zip->getCurrentFileInfo(&info) ? info.name : QString();
+}
+
 } // namespace
 
 QStringList ZipEntries::rootFolders(QuaZip *zip)
@@ -44,13 +57,9 @@ QStringList ZipEntries::rootFolders(QuaZip *zip)
     QStringList folders;
     QSet<QString> known;
     for (bool more = zip->goToFirstFile(); more; more = zip->goToNextFile()) {
-        QuaZipFileInfo64 info;
-        if (!zip->getCurrentFileInfo(&info)) {
-            continue;
-        }
-        const int slash = info.name.indexOf(QLatin1Char('/'));
-        const QString folder = info.name.left(slash + 1);
-        if (slash >= 0 && !known.contains(folder)) {
+        const QString name = currentName(zip);
+        const QString folder = name.left(name.indexOf(QLatin1Char('/')) + 1);
+        if (!folder.isEmpty() && !known.contains(folder)) {
             known.insert(folder);
             folders.append(folder);
         }

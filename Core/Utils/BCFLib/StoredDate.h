@@ -1,0 +1,42 @@
+#ifndef BCFLIB_STOREDDATE_H
+#define BCFLIB_STOREDDATE_H
+
+#include <QDateTime>
+#include <QString>
+
+namespace BCFLib {
+
+/// A date of a record, as a host has set it or as it stands in a file.
+///
+/// Dates of files are given out in local time. They are turned into it when they are asked for: it takes
+/// longer than all else that is done with a date, and most are never asked for.
+class StoredDate
+{
+public:
+    StoredDate() = default;
+    // Not explicit, so that a record takes a date like any other value.
+    StoredDate(const QDateTime &date) // NOLINT(google-explicit-constructor)
+        : _date(date)
+    {
+    }
+
+    /// The date that an ISO text of a file tells; invalid if it tells none.
+    static StoredDate fromFile(const QString &text)
+    {
+        StoredDate result(QDateTime::fromString(text, Qt::ISODate));
+        result._isOfFile = true;
+        return result;
+    }
+
+    QDateTime value() const { return _isOfFile ? _date.toLocalTime() : _date; }
+    QDateTime inUtc() const { return _date.toUTC(); }
+    bool isValid() const { return _date.isValid(); }
+
+private:
+    QDateTime _date;
+    bool _isOfFile = false;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_STOREDDATE_H
