@@ -4,6 +4,14 @@
 <context>
     <name>BCFLib::BCFModel</name>
     <message>
+        <source>File &quot;%1&quot; unpacks to more than an archive may hold</source>
+        <translation>Die Datei „%1“ entpackt sich zu mehr, als ein Archiv enthalten darf</translation>
+    </message>
+    <message>
+        <source>Not enough memory to load file &quot;%1&quot;</source>
+        <translation>Der Speicher reicht nicht, um die Datei „%1“ zu laden</translation>
+    </message>
+    <message>
         <source>File &quot;%1&quot; doesn&apos;t exist in bcfzip</source>
         <translation>Die Datei „%1“ fehlt im BCF-Archiv oder ist nicht lesbar</translation>
     </message>

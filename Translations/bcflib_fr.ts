@@ -4,6 +4,14 @@
 <context>
     <name>BCFLib::BCFModel</name>
     <message>
+        <source>File &quot;%1&quot; unpacks to more than an archive may hold</source>
+        <translation>Le fichier «&#xa0;%1&#xa0;» se décompresse en plus de données qu’une archive ne peut contenir</translation>
+    </message>
+    <message>
+        <source>Not enough memory to load file &quot;%1&quot;</source>
+        <translation>Mémoire insuffisante pour charger le fichier «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
         <source>File &quot;%1&quot; doesn&apos;t exist in bcfzip</source>
         <translation>Le fichier «&#xa0;%1&#xa0;» est absent de l’archive BCF ou illisible</translation>
     </message>

@@ -1,5 +1,6 @@
 #include "BCFModel.h"
 
+#include "ArchiveEntry.h"
 #include "ArchiveFile.h"
 #include "BoundedReading.h"
 #include "CacheFolder.h"
@@ -11,6 +12,7 @@
 #include "Topic.h"
 #include "Version.h"
 #include "Viewpoint.h"
+#include "XmlElements.h"
 #include "ZipEntries.h"
 
 #include <Core/Utils/QtCoreTools/ProgressionSignals.h>
@@ -19,9 +21,9 @@
 #include <QFileInfo>
 #include <QSet>
 #include <memory>
+#include <new>
 #include <quazip/quazip.h>
 #include <quazip/quazipdir.h>
-#include <quazip/quazipfile.h>
 
 namespace BCFLib {
 
@@ -160,11 +162,18 @@ QSharedPointer<BCFModel> BCFModel::Deserialize(const QString &path,
     // The step of the final close.
     progress.addMax(1);
     QSharedPointer<BCFModel> model(new BCFModel);
-    ArchiveFile file(path);
+    Budgeted<ArchiveFile> file(path);
     QuaZip zip(&file);
-    if (zip.open(QuaZip::mdUnzip) && model->readArchive(&zip, progress)) {
-        zip.close();
-        progress.addSteps(1);
+    try {
+        if (zip.open(QuaZip::mdUnzip) && model->readArchive(&zip, progress)) {
+            zip.close();
+            progress.addSteps(1);
+        }
+        if (file.isSpent()) {
+            model->setErrorString(tr("File \"%1\" unpacks to more than an archive may hold").arg(path));
+        }
+    } catch (const std::bad_alloc &) {
+        model->setErrorString(tr("Not enough memory to load file \"%1\"").arg(path));
     }
     return model;
 }
@@ -193,7 +202,7 @@ Project *BCFModel::readProject(QuaZip *zip)
     if (!zip->setCurrentFile(QStringLiteral("project.bcfp"), QuaZip::csDefault)) {
         return nullptr;
     }
-    QuaZipFile file(zip);
+    ArchiveEntry file(zip);
     return Project::Deserialize(&file);
 }
 
@@ -202,7 +211,7 @@ Version *BCFModel::readVersion(QuaZip *zip)
     if (!zip->setCurrentFile(QStringLiteral("bcf.version"), QuaZip::csDefault)) {
         return Version::BCF1Version();
     }
-    QuaZipFile file(zip);
+    ArchiveEntry file(zip);
     return Version::Deserialize(&file);
 }
 
@@ -233,7 +242,7 @@ Topic *BCFModel::readTopic(QuaZip *zip, QuaZipDir *dir, QStringList &files, cons
     if (!zip->setCurrentFile(entryPath(*dir, QStringLiteral("markup.bcf")), QuaZip::csDefault)) {
         return nullptr;
     }
-    QuaZipFile markup(zip);
+    ArchiveEntry markup(zip);
     Topic *topic = Topic::Deserialize(&markup, files, version);
     const QString viewpointName = QStringLiteral("viewpoint.bcfv");
     if (topic != nullptr && isBCF_1_0(version)
@@ -250,7 +259,7 @@ void BCFModel::readViewpointFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoi
 {
     const QString name = viewpoint->viewpointFilename();
     if (!name.isEmpty() && zip->setCurrentFile(entryPath(*dir, name), QuaZip::csDefault)) {
-        QuaZipFile file(zip);
+        ArchiveEntry file(zip);
         viewpoint->deserialize(&file);
     }
 }
@@ -261,7 +270,7 @@ void BCFModel::readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoin
     Topic *topic = qobject_cast<Topic *>(viewpoint->parent());
     if (!name.isEmpty() && topic != nullptr
         && zip->setCurrentFile(entryPath(*dir, name), QuaZip::csDefault)) {
-        QuaZipFile file(zip);
+        ArchiveEntry file(zip);
         topic->addSnapshot(viewpoint->guid(), &file);
     }
 }
@@ -277,7 +286,7 @@ bool BCFModel::unpackAttachments(QuaZip *zip, const QStringList &files,
     const QSet<QString> names(files.begin(), files.end());
     progress.addMax(names.size());
     for (const QString &name : names) {
-        QuaZipFile entry(zip);
+        ArchiveEntry entry(zip);
         QByteArray bytes;
         if (!zip->setCurrentFile(name, QuaZip::csDefault) || !entry.open(QIODevice::ReadOnly)
             || readToEnd(&entry, Limits::attachmentBytes, &bytes) != ReadOutcome::Complete) {
@@ -337,21 +346,22 @@ bool BCFModel::writeArchive(QuaZip *zip) const
 
 bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, QStringList &files) const
 {
-    const QString folder = topic->guid() + QLatin1Char('/');
+    // Names of entries go the way of the texts that name them.
+    const QString folder = Xml::writableText(topic->guid()) + QLatin1Char('/');
     const auto writeMarkup = [topic, &files](QIODevice *device) { return topic->serialize(device, files); };
     if (!ZipEntries::writeText(zip, folder + QStringLiteral("markup.bcf"), writeMarkup)) {
         return false;
     }
     for (Viewpoint *viewpoint : topic->viewpoints()) {
         const auto writeViewpoint = [viewpoint](QIODevice *device) { return viewpoint->serialize(device); };
-        const QString viewpointName = viewpoint->viewpointFilename();
+        const QString viewpointName = Xml::writableText(viewpoint->viewpointFilename());
         if (!viewpointName.isEmpty() && !ZipEntries::writeText(zip, folder + viewpointName, writeViewpoint)) {
             return false;
         }
         const auto writeImage = [topic, viewpoint](QIODevice *device) {
             return topic->writeSnaphot(viewpoint->guid(), device);
         };
-        const QString imageName = viewpoint->snapshotFilename();
+        const QString imageName = Xml::writableText(viewpoint->snapshotFilename());
         if (!imageName.isEmpty() && !ZipEntries::writeBytes(zip, folder + imageName, writeImage)) {
             return false;
         }
@@ -365,7 +375,7 @@ bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
     const auto write = [&path, &isRead](QIODevice *device) {
         QFile file(path);
         QByteArray bytes;
-        isRead = file.open(QIODevice::ReadOnly)
+        isRead = !CacheFolder::leadsAstray(path) && file.open(QIODevice::ReadOnly)
             && readToEnd(&file, Limits::attachmentBytes, &bytes) != ReadOutcome::TooLarge;
         if (isRead) {
             device->write(bytes);

@@ -26,6 +26,12 @@ constexpr qint64 snapshotBytes = 256LL * 1024 * 1024;
 /// Bytes of one attachment: what a QByteArray can hold with its own bookkeeping.
 constexpr qint64 attachmentBytes = 2LL * 1024 * 1024 * 1024 - 64;
 
+/// Bytes that the entries of one archive bring together: so many, and this much for each byte of the
+/// archive's own. Deflate packs what tools write to between a third and a fiftieth; entries that
+/// share their bytes, or that a markup names a thousand times, would bring any number.
+constexpr qint64 archiveBytes = xmlBytes;
+constexpr qint64 archiveGrowth = 64;
+
 } // namespace Limits
 } // namespace BCFLib
 

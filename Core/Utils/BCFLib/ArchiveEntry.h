@@ -1,0 +1,52 @@
+#ifndef BCFLIB_ARCHIVEENTRY_H
+#define BCFLIB_ARCHIVEENTRY_H
+
+#include <quazip/quazipfile.h>
+
+namespace BCFLib {
+
+/// How much the entries of an archive may still bring together, see Limits.
+class ReadBudget
+{
+public:
+    explicit ReadBudget(qint64 archiveSize);
+    virtual ~ReadBudget();
+
+    void spend(qint64 bytes);
+    bool isSpent() const;
+
+private:
+    qint64 _bytesLeft;
+};
+
+/// The file of an archive, with the budget of its entries.
+template<class File>
+class Budgeted : public File, public ReadBudget
+{
+public:
+    explicit Budgeted(const QString &path)
+        : File(path)
+        , ReadBudget(File::size())
+    {
+    }
+};
+
+/// An entry that is read against the budget of its archive, and fails once that is spent.
+class ArchiveEntry : public QuaZipFile
+{
+public:
+    explicit ArchiveEntry(QuaZip *zip);
+
+    bool open(OpenMode mode) override;
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+
+private:
+    /// Null where the device of the archive has none.
+    ReadBudget *_budget;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_ARCHIVEENTRY_H
