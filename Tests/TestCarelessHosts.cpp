@@ -1,0 +1,361 @@
+#include "TestArchive.h"
+
+#include <BCFLoadingWorker.h>
+#include <BCF_2_0_Comment.h>
+#include <BCF_2_0_Viewpoint.h>
+#include <BimSnippet.h>
+#include <ClippingPlane.h>
+#include <Components.h>
+#include <DocumentReference.h>
+#include <File.h>
+#include <Line.h>
+#include <Project.h>
+#include <RelatedTopic.h>
+#include <Topic.h>
+#include <Version.h>
+
+#include <QBuffer>
+#include <QColor>
+#include <QMetaProperty>
+#include <QPointer>
+#include <QTest>
+#include <functional>
+#include <limits>
+
+using namespace BCFLib;
+
+namespace {
+
+using Deed = std::function<void(BCFModel *)>;
+
+/// A model with one of everything, in the classes of that version.
+QSharedPointer<BCFModel> fullModel(const QString &version)
+{
+    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+    model->addProject("p");
+    Topic *topic = model->addTopic("title", "author", QDateTime::currentDateTime(), "t");
+    topic->addFile();
+    topic->addBimSnippet();
+    topic->addDocumentReference("d");
+    topic->addRelatedTopic("r");
+    Viewpoint *viewpoint = topic->addViewpoint("v");
+    viewpoint->addLine();
+    viewpoint->addClippingPlane();
+    viewpoint->addBitmap();
+    if (auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
+        list->addComponent("a");
+        list->addComponent("b");
+    } else {
+        viewpoint->components()->setSelectionComponents({"a", "b"});
+        viewpoint->components()->setVisibilityExceptionComponents({"c"});
+        viewpoint->components()->addColoringComponents(Qt::red, {"d"});
+    }
+    Comment *comment = topic->addComment("c");
+    comment->setViewpoint(viewpoint);
+    topic->addComment("reply")->setReplyToComment(comment);
+    return model;
+}
+
+/// Everything that a host does with a model; touches an object that is gone if anything does.
+void useAll(BCFModel *model)
+{
+    model->isValid();
+    TestArchive scratch;
+    model->serialize(scratch.path());
+    TestArchive::load(scratch.path());
+    for (Topic *topic : model->topics()) {
+        const QVariant form = topic->toQVariant();
+        for (Viewpoint *viewpoint : topic->viewpoints()) {
+            viewpoint->components()->setSelectionComponents({"x"});
+            viewpoint->components()->removeColoringComponents();
+            viewpoint->componentsFromQVariant(viewpoint->componentsToQVariant());
+        }
+        topic->fromQVariant(form);
+        topic->removeFiles();
+        topic->removeBimSnippet();
+        topic->removeViewpoints();
+        topic->removeComments();
+    }
+    model->removeTopic("t");
+}
+
+template<class T>
+T *first(BCFModel *model)
+{
+    return model->findChild<T *>();
+}
+
+template<class T>
+Deed deleting()
+{
+    return [](BCFModel *model) { delete first<T>(model); };
+}
+
+/// Hangs the first T under the first Parent that is another object.
+template<class T, class Parent>
+Deed hanging()
+{
+    return [](BCFModel *model) {
+        for (Parent *parent : model->findChildren<Parent *>()) {
+            if (static_cast<QObject *>(parent) != first<T>(model)) {
+                return first<T>(model)->setParent(parent);
+            }
+        }
+    };
+}
+
+/// All texts of all objects below, by object and property.
+void forAllTexts(QObject *object, const std::function<void(QObject *, const QMetaProperty &)> &visit)
+{
+    for (int i = 0; i < object->metaObject()->propertyCount(); ++i) {
+        const QMetaProperty property = object->metaObject()->property(i);
+        // The version says how to read the archive, and paths and names of images have to be true.
+        const QString name = property.name();
+        if (property.type() == QVariant::String && !name.contains("ersion") && name != "_filename"
+            && name != "_snapshotFilename" && name != "_errorString") {
+            visit(object, property);
+        }
+    }
+    for (QObject *child : object->children()) {
+        forAllTexts(child, visit);
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Deed)
+
+class TestCarelessHosts : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void treesEndure_data();
+    void treesEndure();
+    void deletedObjectsLeaveListsAndLinks();
+    void nullPointersAreRefused();
+    void anyVariantIsTaken_data();
+    void anyVariantIsTaken();
+    void anyTextComesBack_data();
+    void anyTextComesBack();
+    void workersMayGoDuringTheLoad();
+};
+
+void TestCarelessHosts::treesEndure_data()
+{
+    QTest::addColumn<Deed>("deed");
+
+    QTest::newRow("the version is deleted") << deleting<Version>();
+    QTest::newRow("the project is deleted") << deleting<Project>();
+    QTest::newRow("the topic is deleted") << deleting<Topic>();
+    QTest::newRow("the comment is deleted") << deleting<Comment>();
+    QTest::newRow("the viewpoint is deleted") << deleting<Viewpoint>();
+    QTest::newRow("the component is deleted") << deleting<Component>();
+    QTest::newRow("the sets of components are deleted") << deleting<Components>();
+    QTest::newRow("a comment hangs under its reply") << hanging<Comment, Comment>();
+    QTest::newRow("a comment hangs under a component") << hanging<Comment, Component>();
+    QTest::newRow("a component hangs under another") << hanging<Component, Component>();
+    QTest::newRow("a line hangs under the sets of components") << hanging<Line, Components>();
+    QTest::newRow("a plain object stands between topic and comment")
+        << Deed([](BCFModel *model) { first<Comment>(model)->setParent(new QObject(first<Topic>(model))); });
+    QTest::newRow("a component is taken away and deleted later") << Deed([](BCFModel *model) {
+        const QPointer<QObject> component = first<Component>(model);
+        component->setParent(nullptr);
+        for (Viewpoint *viewpoint : model->findChildren<Viewpoint *>()) {
+            viewpoint->components()->setSelectionComponents({});
+        }
+        delete component.data();
+    });
+    QTest::newRow("a component that goes takes the next along") << Deed([](BCFModel *model) {
+        const QList<Component *> all = model->findChildren<Component *>();
+        // From the same set and, in the sets form, from the two others.
+        for (Component *other : all.mid(1)) {
+            connect(all.first(), &QObject::destroyed, other, [other] { delete other; });
+        }
+        first<Components>(model)->setSelectionComponents({});
+    });
+    QTest::newRow("a comment that goes takes all others along") << Deed([](BCFModel *model) {
+        Topic *topic = first<Topic>(model);
+        connect(first<Comment>(model), &QObject::destroyed, topic, [topic] { topic->removeComments(); });
+        topic->removeComments();
+    });
+    QTest::newRow("a guid is emptied") << Deed([](BCFModel *model) {
+        first<Topic>(model)->setGuid(QString());
+        first<Viewpoint>(model)->setGuid(QString());
+        first<Component>(model)->setGuid(QString());
+    });
+    QTest::newRow("all guids are one") << Deed([](BCFModel *model) {
+        for (QObject *object : model->findChildren<QObject *>()) {
+            object->setObjectName("t");
+        }
+    });
+}
+
+void TestCarelessHosts::treesEndure()
+{
+    QFETCH(Deed, deed);
+
+    for (const char *version : {"2.1", "2.0"}) {
+        const QSharedPointer<BCFModel> model = fullModel(version);
+        deed(model.data());
+        useAll(model.data());
+    }
+}
+
+void TestCarelessHosts::deletedObjectsLeaveListsAndLinks()
+{
+    const QSharedPointer<BCFModel> model = fullModel("2.1");
+    Topic *topic = first<Topic>(model.data());
+    Components *sets = first<Components>(model.data());
+    delete sets->getSelectionComponents().first();
+    delete sets->getVisibilityExceptionComponents().first();
+    QCOMPARE(sets->getSelectionComponents().size(), 1);
+    QVERIFY(sets->getVisibilityExceptionComponents().isEmpty());
+    delete sets;
+    QVERIFY(first<Viewpoint>(model.data())->components() != nullptr);
+
+    Comment free("free", nullptr);
+    free.setTopic(topic);
+    topic->removeViewpoints();
+    QCOMPARE(topic->comment("c")->viewpoint(), nullptr);
+    topic->removeComment("c");
+    QCOMPARE(topic->comment("reply")->replyToComment(), nullptr);
+    model->removeTopic("t");
+    QCOMPARE(free.toQVariant().toMap().value("topic_guid").toString(), QString());
+
+    const QSharedPointer<BCFModel> old = fullModel("2.0");
+    auto *list = first<BCF_2_0_Lib::Viewpoint>(old.data());
+    list->getComponent("a")->setGuid("elsewhere");
+    delete list->getComponent("a");
+    QCOMPARE(list->getComponent("a"), nullptr);
+    QCOMPARE(list->components().size(), 1);
+}
+
+void TestCarelessHosts::nullPointersAreRefused()
+{
+    const QSharedPointer<BCFModel> model = fullModel("2.1");
+    Topic *topic = first<Topic>(model.data());
+    QVERIFY(!topic->addSnapshot("v", static_cast<QByteArray *>(nullptr)));
+    QVERIFY(!topic->addSnapshot("v", static_cast<QIODevice *>(nullptr)));
+    Viewpoint alone("alone", nullptr);
+    alone.setSnapshot("bytes");
+    alone.deserialize(nullptr);
+    alone.serialize(nullptr);
+    alone.fromQVariant(QVariantMap{{"snapshot", QVariantMap{{"snapshot_data", "bytes"}}}});
+    QCOMPARE(alone.viewpointFilename(), QString("viewpoint.bcfv"));
+    useAll(model.data());
+}
+
+void TestCarelessHosts::anyVariantIsTaken_data()
+{
+    QTest::addColumn<QVariant>("value");
+
+    QVariant deep;
+    for (int i = 0; i < 1000; ++i) {
+        deep = QVariantList{QVariantMap{{"components", deep}, {"viewpoints", deep}}};
+    }
+    QTest::newRow("nothing") << QVariant();
+    QTest::newRow("a number that no int holds") << QVariant(std::numeric_limits<qlonglong>::min());
+    QTest::newRow("no number") << QVariant(std::numeric_limits<double>::quiet_NaN());
+    QTest::newRow("bytes") << QVariant(QByteArray("data:image/png;base64,====", 26));
+    QTest::newRow("a map of maps") << QVariant(QVariantMap{{"", QVariantMap{{"x", QVariantMap()}}}});
+    QTest::newRow("an object") << QVariant::fromValue(static_cast<QObject *>(this));
+    QTest::newRow("lists in maps, a thousand deep") << deep;
+}
+
+void TestCarelessHosts::anyVariantIsTaken()
+{
+    QFETCH(QVariant, value);
+
+    for (const char *version : {"2.1", "2.0"}) {
+        const QSharedPointer<BCFModel> model = fullModel(version);
+        Topic *topic = first<Topic>(model.data());
+        QByteArray image("image");
+        topic->addSnapshot("v", &image);
+        const QVariantMap form = topic->toQVariant().toMap();
+        // Under every key of the topic, and under every key of what hangs below it.
+        for (const QString &key : form.keys() + QStringList{"labels", "index", "description"}) {
+            QVariantMap wrong = form;
+            wrong[key] = value;
+            topic->fromQVariant(wrong);
+            const QVariantMap inner = form.value(key).toList().value(0).toMap();
+            for (const QString &innerKey : inner.keys() + QStringList{"snapshot", "orthogonal_camera"}) {
+                QVariantMap wrongInner = inner;
+                wrongInner[innerKey] = value;
+                wrong[key] = QVariantList{wrongInner};
+                topic->fromQVariant(wrong);
+            }
+        }
+        topic->fromQVariant(value);
+        QVERIFY(!topic->guid().isEmpty());
+        useAll(model.data());
+    }
+}
+
+void TestCarelessHosts::anyTextComesBack_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("readBack");
+
+    const QString pair = QString::fromUcs4(U"\U0001F3D7");
+    QTest::newRow("NUL") << QString("a") + QChar(0) + "b" << QString::fromUtf8("a\uFFFDb");
+    QTest::newRow("control characters") << "\x01\x1B\x7F" << QString::fromUtf8("\uFFFD\uFFFD\x7F");
+    QTest::newRow("half a surrogate pair") << pair.left(1) + "b" << QString::fromUtf8("\uFFFDb");
+    QTest::newRow("a pair the wrong way round")
+        << "a" + pair.mid(1) + pair.left(1) << QString::fromUtf8("a\uFFFD\uFFFD");
+    QTest::newRow("a whole pair") << pair << pair;
+    QTest::newRow("no characters") << QString("a") + QChar(0xFFFE) + QChar(0xFFFF)
+                                   << QString::fromUtf8("a\uFFFD\uFFFD");
+    QTest::newRow("markup") << "<a b=\"'\">&amp;&#0;]]>--><![CDATA["
+                            << "<a b=\"'\">&amp;&#0;]]>--><![CDATA[";
+    QTest::newRow("line ends and tabs") << "a\r\n\tb\rc\n"
+                                        << "a\r\n\tb\rc\n";
+}
+
+void TestCarelessHosts::anyTextComesBack()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, readBack);
+
+    for (const char *version : {"2.1", "2.0"}) {
+        TestArchive scratch;
+        const QSharedPointer<BCFModel> model = fullModel(version);
+        forAllTexts(model.data(), [&text](QObject *object, const QMetaProperty &property) {
+            // Guids of their own keep apart what stands side by side.
+            const QByteArray name = property.name();
+            const bool isGuid = name == "objectName" || name == "_guid";
+            if (!isGuid || !object->objectName().isEmpty()) {
+                property.write(object, isGuid ? text + object->objectName().right(1) : text);
+            }
+        });
+        QVERIFY(model->serialize(scratch.path()));
+        const QSharedPointer<BCFModel> again = TestArchive::load(scratch.path());
+        QCOMPARE(again->topics().size(), 1);
+        QStringList expected;
+        QStringList found;
+        forAllTexts(model.data(), [&](QObject *object, const QMetaProperty &property) {
+            expected.append(property.read(object).toString().replace(text, readBack));
+        });
+        forAllTexts(again.data(), [&](QObject *object, const QMetaProperty &property) {
+            found.append(property.read(object).toString());
+        });
+        expected.sort();
+        found.sort();
+        QCOMPARE(found, expected);
+    }
+}
+
+void TestCarelessHosts::workersMayGoDuringTheLoad()
+{
+    TestArchive archive;
+    archive.addTopic("<Title>a</Title>");
+    auto *worker = new BCFLoadingWorker(archive.write());
+    connect(worker, &BCFLoadingWorker::addStepsSig, this,
+            [&worker] { delete std::exchange(worker, nullptr); });
+    worker->doLoad();
+    QCOMPARE(worker, nullptr);
+}
+
+QTEST_GUILESS_MAIN(TestCarelessHosts)
+
+#include "TestCarelessHosts.moc"

@@ -1,0 +1,328 @@
+#include "TestArchive.h"
+
+#include <Line.h>
+#include <Topic.h>
+#include <Viewpoint.h>
+
+#include <QBuffer>
+#include <QDirIterator>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTest>
+#include <QTextCodec>
+#include <QThread>
+#include <functional>
+#include <tuple>
+
+using namespace BCFLib;
+
+namespace {
+
+using Damage = std::function<void(QByteArray *)>;
+
+/// Overwrites a number of an entry in the archive's directory and, two bytes nearer to its start, in the
+/// header in front of the entry. Places are counted in the directory's record.
+Damage entryField(const QByteArray &name, int place, quint32 value, int width)
+{
+    return [=](QByteArray *zip) {
+        const int header = zip->indexOf(name) - 30;
+        const int record = zip->lastIndexOf(name) - 46;
+        for (int i = 0; i < width; ++i) {
+            const char byte = static_cast<char>(value >> (8 * i));
+            (*zip)[record + place + i] = byte;
+            if (place < 28) {
+                (*zip)[header + place - 2 + i] = byte;
+            }
+        }
+    };
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+/// A viewpoint file with one line, and elements beside it that are nested so deep.
+QByteArray nested(int depth, const QByteArray &start = QByteArray())
+{
+    const QByteArray point = "<X>0</X><Y>0</Y><Z>0</Z>";
+    return start + "<VisualizationInfo><Lines><Line><StartPoint>" + point + "</StartPoint><EndPoint>" + point
+        + "</EndPoint></Line></Lines>" + QByteArray("<a>").repeated(depth)
+        + QByteArray("</a>").repeated(depth) + "</VisualizationInfo>";
+}
+
+/// Whether a viewpoint takes a file that holds one line, asked in a thread with a small stack.
+bool isRead(const QByteArray &file)
+{
+    int lines = 0;
+    QThread *thread = QThread::create([&file, &lines] {
+        Viewpoint viewpoint("v", nullptr);
+        QBuffer buffer;
+        buffer.setData(file);
+        viewpoint.deserialize(&buffer);
+        lines = viewpoint.lines().size();
+    });
+    thread->setStackSize(512 * 1024);
+    thread->start();
+    thread->wait();
+    delete thread;
+    return lines == 1;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Damage)
+
+class TestHostileArchives : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void damagedArchives_data();
+    void damagedArchives();
+    void oddNames_data();
+    void oddNames();
+    void archivesThatUnpackToTooMuch();
+    void xmlFiles_data();
+    void xmlFiles();
+    void namesThatLeaveTheCache_data();
+    void namesThatLeaveTheCache();
+    void brokenArchivesOfTools();
+};
+
+void TestHostileArchives::damagedArchives_data()
+{
+    QTest::addColumn<Damage>("damage");
+    QTest::addColumn<int>("topics");
+
+    const QByteArray bad = "bad/markup.bcf";
+    QTest::newRow("nothing is wrong") << Damage([](QByteArray *) {}) << 2;
+    QTest::newRow("an entry claims four gigabytes") << entryField(bad, 24, 0xFFFFFFF0, 4) << 2;
+    QTest::newRow("an entry claims no bytes") << entryField(bad, 24, 0, 4) << 1;
+    QTest::newRow("an entry's stream stops early") << entryField(bad, 20, 20, 4) << 1;
+    QTest::newRow("an entry's stream goes on behind the file") << entryField(bad, 20, 0x7FFFFFFF, 4) << 1;
+    QTest::newRow("an entry's checksum is wrong") << entryField(bad, 16, 0xDEADBEEF, 4) << 2;
+    QTest::newRow("an entry is said to be encrypted") << entryField(bad, 8, 1, 2) << 2;
+    QTest::newRow("an entry has an unknown method") << entryField(bad, 10, 99, 2) << 1;
+    QTest::newRow("an entry lies outside of the file") << entryField(bad, 42, 0x7FFFFFFF, 4) << 1;
+    QTest::newRow("two entries share their bytes") << entryField(bad, 42, 0, 4) << 1;
+    QTest::newRow("the directory lies outside of the file")
+        << Damage([](QByteArray *zip) { zip->replace(zip->size() - 6, 4, "\x7F\x7F\x7F\x7F"); }) << 0;
+    QTest::newRow("the directory is missing") << Damage([](QByteArray *zip) { zip->chop(150); }) << 0;
+}
+
+void TestHostileArchives::damagedArchives()
+{
+    QFETCH(Damage, damage);
+    QFETCH(int, topics);
+
+    TestArchive archive;
+    archive.addTopic("<Title>good</Title>").add("bad/markup.bcf", "<Markup><Topic Guid='bad'/></Markup>");
+    QByteArray zip = readFile(archive.write());
+    damage(&zip);
+    writeFile(archive.path(), zip);
+    const QSharedPointer<BCFModel> model = TestArchive::load(archive.path());
+    QCOMPARE(model->topics().size(), topics);
+    QCOMPARE(model->isValid(), false);
+    QVERIFY(model->serialize(archive.path("saved.bcf")));
+}
+
+void TestHostileArchives::oddNames_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<int>("topics");
+
+    QStringList folders;
+    for (int i = 0; i < 100000; ++i) {
+        folders.append(QString::number(i) + '/');
+    }
+    QTest::newRow("100,000 empty folders") << folders << 1;
+    QTest::newRow("empty") << QStringList{""} << 1;
+    QTest::newRow("of 300 letters") << QStringList{QString(300, 'a') + "/markup.bcf"} << 1;
+    QTest::newRow("the same again") << QStringList{"t/markup.bcf"} << 1;
+    QTest::newRow("below the folder above") << QStringList{"../markup.bcf"} << 1;
+    QTest::newRow("with a line end") << QStringList{"a\n/markup.bcf"} << 2;
+}
+
+void TestHostileArchives::oddNames()
+{
+    QFETCH(QStringList, names);
+    QFETCH(int, topics);
+
+    TestArchive archive;
+    archive.addTopic("<Title>a</Title>");
+    for (const QString &name : names) {
+        archive.add(name, name.endsWith('/') ? QByteArray() : "<Markup><Topic Guid='odd'/></Markup>");
+    }
+    QCOMPARE(archive.load()->topics().size(), topics);
+}
+
+void TestHostileArchives::archivesThatUnpackToTooMuch()
+{
+    // The archive has one image of 20 MB, and one that forty viewpoints name.
+    QByteArray viewpoints;
+    for (int i = 0; i < 40; ++i) {
+        viewpoints +=
+            "<Viewpoints Guid='" + QByteArray::number(i) + "'><Snapshot>i.png</Snapshot></Viewpoints>";
+    }
+    TestArchive archive;
+    archive.addTopic("<Title>a</Title>", viewpoints).add("t/i.png", QByteArray(20 << 20, '\0'));
+    archive.add("u/markup.bcf", "<Markup><Topic Guid='u'/></Markup>");
+    const QSharedPointer<BCFModel> model = archive.load();
+    qint64 bytes = 0;
+    for (int i = 0; i < 40; ++i) {
+        const QByteArray *image = model->topic("t")->snapshot(QString::number(i));
+        bytes += image != nullptr ? image->size() : 0;
+    }
+    QVERIFY2(bytes > (200 << 20) && bytes < (300 << 20), qPrintable(QString::number(bytes)));
+    QCOMPARE(model->topic("u"), nullptr);
+    QVERIFY(!model->isValid() && !model->errorString().isEmpty());
+}
+
+void TestHostileArchives::xmlFiles_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<bool>("read");
+
+    QTest::newRow("as deep as may be") << nested(99) << true;
+    QTest::newRow("one deeper") << nested(100) << false;
+    QTest::newRow("ten million deep") << nested(10000000) << false;
+    QTest::newRow("ten million references to nothing")
+        << nested(1).replace("</a>", QByteArray("&e;").repeated(10000000) + "</a>") << false;
+
+    const auto addDocumentType = [](const char *name, const QByteArray &type, bool isRead) {
+        QTest::newRow(name) << nested(1, "<!DOCTYPE a " + type + ">").replace("</a>", "&e;</a>") << isRead;
+    };
+    addDocumentType("a document type elsewhere", "SYSTEM 'file:///etc/passwd'", true);
+    addDocumentType("declared elements", "[<!ELEMENT a ((a|b)*,(c?))> <!-- ' -->]", true);
+    addDocumentType("a million groups in a declared element", "[<!ELEMENT a " + QByteArray(1000000, '('),
+                    false);
+    addDocumentType("entities that grow", "[<!ENTITY f 'xxx'><!ENTITY e '&f;&f;'>]", false);
+    addDocumentType("an entity that is a file", "[<!ENTITY e SYSTEM 'file:///etc/passwd'>]", false);
+    addDocumentType("a parameter entity", "[<!ENTITY % p SYSTEM 'file:///etc/passwd'> %p;]", false);
+    addDocumentType("an entity behind false ends",
+                    "[<!-- ]> --><?p ]> ?><!NOTATION n SYSTEM ']>'><!ENTITY e ''>]", false);
+    addDocumentType("default attributes", "[<!ATTLIST a b CDATA 'c'>]", false);
+
+    QTest::newRow("markup that only its encoding shows")
+        << "<?xml version='1.0' encoding='UTF-7'?>" + nested(200).replace('<', "+ADw-").replace('>', "+AD4-")
+        << false;
+
+    // What is declared, what it is, and whether the two go together for the parser.
+    const std::tuple<QByteArray, QByteArray, bool> encodings[] = {
+        {"UTF-8", "UTF-8", true},         {"iso-8859-1", "iso-8859-1", true},
+        {"Shift_JIS", "Shift_JIS", true}, {"ISO-2022-JP", "ISO-2022-JP", true},
+        {"UTF-16", "UTF-16", true},       {"UTF-16", "UTF-16LE", true},
+        {"UTF-8", "UTF-16", false},       {"UTF-16", "UTF-8", false},
+        {"UTF-32", "UTF-32", false},      {"IBM037", "IBM037", false},
+        {"UTF-7", "UTF-7", false},        {"utf-8' encoding='UTF-16BE", "UTF-16BE", false}};
+    for (const auto &[declared, name, goTogether] : encodings) {
+        const QByteArray start = "<?xml version='1.0' encoding='" + declared + "'?>";
+        QTextCodec *codec = QTextCodec::codecForName(name);
+        if (codec == nullptr) {
+            continue;
+        }
+        const QByteArray row = name + " that says " + declared;
+        if (goTogether) {
+            QTest::newRow(row) << codec->fromUnicode(QString::fromLatin1(nested(5, start))) << true;
+        }
+        QTest::newRow(row + ", 200 deep")
+            << codec->fromUnicode(QString::fromLatin1(nested(200, start))) << false;
+        QTest::newRow(row + " as everybody reads it, 200 deep")
+            << start + codec->fromUnicode(QString::fromLatin1(nested(200))) << false;
+    }
+}
+
+void TestHostileArchives::xmlFiles()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(bool, read);
+
+    QCOMPARE(isRead(file), read);
+}
+
+void TestHostileArchives::namesThatLeaveTheCache_data()
+{
+    QTest::addColumn<QString>("name");
+
+    // {up} leads to the folder of the secret.
+    QTest::newRow("up and away") << "{up}secret.txt";
+    QTest::newRow("up and away to a new file") << "{up}new.txt";
+    QTest::newRow("down and up") << "folder/{up}{up}secret.txt";
+    QTest::newRow("from the root") << "{root}secret.txt";
+    QTest::newRow("a link") << "link";
+    QTest::newRow("a link to nothing") << "dangling";
+    QTest::newRow("through a link") << "outside/secret.txt";
+    QTest::newRow("up from a link") << "outside/{..}{name}/secret.txt";
+}
+
+void TestHostileArchives::namesThatLeaveTheCache()
+{
+    QFETCH(QString, name);
+
+    TestArchive archive;
+    const QDir outside = QFileInfo(archive.path()).dir();
+    writeFile(outside.filePath("secret.txt"), "secret");
+    const QDir cache(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    QDir(cache).removeRecursively();
+    QVERIFY(QDir().mkpath(cache.filePath("folder")));
+    QVERIFY(QFile::link(outside.filePath("secret.txt"), cache.filePath("link")));
+    QVERIFY(QFile::link(outside.filePath("nothing"), cache.filePath("dangling")));
+    QVERIFY(QFile::link(outside.path(), cache.filePath("outside")));
+    name.replace("{up}", cache.relativeFilePath(outside.path()) + '/').replace("{..}", "../");
+    name.replace("{root}", outside.path() + '/').replace("{name}", outside.dirName());
+    // A step up that survives the removal of all steps up.
+    const QString disguised = QString(name).replace("../", "....//");
+    archive.add(name, "hostile")
+        .addTopic("<Title>a</Title>",
+                  "<Header><File isExternal='false'><Filename>" + disguised.toUtf8()
+                      + "</Filename></File></Header>");
+    const QSharedPointer<BCFModel> model = archive.load();
+    QCOMPARE(model->errorString(), QString("Can't write in cache path \"%1\"").arg(cache.absolutePath()));
+    QCOMPARE(readFile(outside.filePath("secret.txt")), QByteArray("secret"));
+    QVERIFY(!outside.exists("nothing") && !outside.exists("new.txt"));
+
+    // Nor does what lies outside get into an archive that is saved all the same.
+    QCOMPARE(model->serialize(outside.filePath("saved.bcf")), false);
+    for (const QString &entry : TestArchive::entryNames(outside.filePath("saved.bcf"))) {
+        QVERIFY(TestArchive::entry(outside.filePath("saved.bcf"), entry) != "secret");
+    }
+}
+
+void TestHostileArchives::brokenArchivesOfTools()
+{
+    const QString corpus = qEnvironmentVariable("BCF_CORPUS_DIR");
+    if (corpus.isEmpty()) {
+        QSKIP("BCF_CORPUS_DIR names no folder of archives");
+    }
+    // All of them take minutes.
+    const int places = qEnvironmentVariableIsSet("BCF_THOROUGH") ? 200 : 10;
+    TestArchive scratch;
+    QRandomGenerator random(1);
+    const auto tryOut = [&scratch](const QByteArray &bytes) {
+        writeFile(scratch.path(), bytes);
+        const QSharedPointer<BCFModel> model = TestArchive::load(scratch.path());
+        model->isValid();
+        model->serialize(scratch.path("saved.bcf"));
+    };
+    for (QDirIterator files(corpus, {"*.bcf", "*.bcfzip"}); files.hasNext();) {
+        const QByteArray whole = readFile(files.next());
+        for (int i = 0; i < places; ++i) {
+            tryOut(whole.left(static_cast<int>(qint64(whole.size()) * i / places)));
+            QByteArray changed = whole;
+            changed[random.bounded(changed.size())] = static_cast<char>(random.bounded(256));
+            tryOut(changed);
+        }
+    }
+}
+
+QTEST_GUILESS_MAIN(TestHostileArchives)
+
+#include "TestHostileArchives.moc"
