@@ -11,11 +11,7 @@ seconds=${1:?Usage: Scripts/run-fuzzers.sh SECONDS [TARGET...]}
 shift
 [ $# -gt 0 ] || set -- FuzzArchive FuzzMarkup FuzzViewpoint FuzzVariant
 
-Scripts/install-packages.sh
-command -v clang++ >/dev/null || {
-    echo "The fuzz targets need clang: apt-get install clang" >&2
-    exit 1
-}
+Scripts/install-packages.sh clang libclang-rt-dev
 cmake --preset fuzz
 cmake --build --preset fuzz --parallel "$(nproc)"
 
