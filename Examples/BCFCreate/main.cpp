@@ -24,7 +24,7 @@ static QByteArray redPicture()
 
 static QSharedPointer<BCFLib::BCFModel> createModel()
 {
-    const QSharedPointer<BCFLib::BCFModel> model = BCFLib::BCFModel::Create(nullptr);
+    QSharedPointer<BCFLib::BCFModel> model = BCFLib::BCFModel::Create(nullptr);
     // An empty guid asks for a fresh one, here and below.
     BCFLib::Topic *const topic = model->addTopic("Duct runs through beam", "maria.lindqvist@example.com",
                                                  QDateTime::currentDateTime(), QString());
@@ -60,7 +60,8 @@ int main(int argc, char *argv[])
         out << "Can't save " << path << '\n';
         return 1;
     }
-    QString message, title;
+    QString message;
+    QString title;
     const bool usable =
         BCFLib::BCFModel::Deserialize(path, Tavrin::ProgressionSignals())->isValid(path, message, title);
     out << path << (usable ? " is usable\n" : " is not usable: " + message + '\n');
