@@ -158,6 +158,10 @@ void TestCarelessHosts::treesEndure_data()
     QTest::newRow("a line hangs under the sets of components") << hanging<Line, Components>();
     QTest::newRow("a plain object stands between topic and comment")
         << Deed([](BCFModel *model) { first<Comment>(model)->setParent(new QObject(first<Topic>(model))); });
+    QTest::newRow("a component is renamed and deleted") << Deed([](BCFModel *model) {
+        first<Component>(model)->setGuid("elsewhere");
+        delete first<Component>(model);
+    });
     QTest::newRow("a component is taken away and deleted later") << Deed([](BCFModel *model) {
         const QPointer<QObject> component = first<Component>(model);
         component->setParent(nullptr);
@@ -222,13 +226,6 @@ void TestCarelessHosts::deletedObjectsLeaveListsAndLinks()
     QCOMPARE(topic->comment("reply")->replyToComment(), nullptr);
     model->removeTopic("t");
     QCOMPARE(free.toQVariant().toMap().value("topic_guid").toString(), QString());
-
-    const QSharedPointer<BCFModel> old = fullModel("2.0");
-    auto *list = first<BCF_2_0_Lib::Viewpoint>(old.data());
-    list->getComponent("a")->setGuid("elsewhere");
-    delete list->getComponent("a");
-    QCOMPARE(list->getComponent("a"), nullptr);
-    QCOMPARE(list->components().size(), 1);
 }
 
 void TestCarelessHosts::nullPointersAreRefused()
@@ -257,7 +254,6 @@ void TestCarelessHosts::anyVariantIsTaken_data()
     QTest::newRow("nothing") << QVariant();
     QTest::newRow("a number that no int holds") << QVariant(std::numeric_limits<qlonglong>::min());
     QTest::newRow("no number") << QVariant(std::numeric_limits<double>::quiet_NaN());
-    QTest::newRow("bytes") << QVariant(QByteArray("data:image/png;base64,====", 26));
     QTest::newRow("a map of maps") << QVariant(QVariantMap{{"", QVariantMap{{"x", QVariantMap()}}}});
     QTest::newRow("an object") << QVariant::fromValue(static_cast<QObject *>(this));
     QTest::newRow("lists in maps, a thousand deep") << deep;
@@ -270,21 +266,16 @@ void TestCarelessHosts::anyVariantIsTaken()
     for (const char *version : {"2.1", "2.0"}) {
         const QSharedPointer<BCFModel> model = fullModel(version);
         Topic *topic = first<Topic>(model.data());
-        QByteArray image("image");
-        topic->addSnapshot("v", &image);
         const QVariantMap form = topic->toQVariant().toMap();
         // Under every key of the topic, and under every key of what hangs below it.
-        for (const QString &key : form.keys() + QStringList{"labels", "index", "description"}) {
-            QVariantMap wrong = form;
-            wrong[key] = value;
-            topic->fromQVariant(wrong);
+        for (const QString &key : form.keys() + QStringList{"labels", "index"}) {
             const QVariantMap inner = form.value(key).toList().value(0).toMap();
             for (const QString &innerKey : inner.keys() + QStringList{"snapshot", "orthogonal_camera"}) {
-                QVariantMap wrongInner = inner;
-                wrongInner[innerKey] = value;
-                wrong[key] = QVariantList{wrongInner};
-                topic->fromQVariant(wrong);
+                QVariantMap wrong = inner;
+                wrong[innerKey] = value;
+                topic->fromQVariant(QVariantMap{{key, QVariantList{wrong}}});
             }
+            topic->fromQVariant(QVariantMap{{key, value}});
         }
         topic->fromQVariant(value);
         QVERIFY(!topic->guid().isEmpty());
