@@ -13,8 +13,7 @@
 int main(int argc, char *argv[])
 {
     const QString path = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
-    const QSharedPointer<BCFLib::BCFModel> made
-        = BCFLib::BCFModel::Create(QStringLiteral("2.0"), nullptr);
+    const QSharedPointer<BCFLib::BCFModel> made = BCFLib::BCFModel::Create(QStringLiteral("2.0"), nullptr);
     BCFLib::Topic *topic = made->addTopic(QStringLiteral("Duct runs through beam"), QStringLiteral("maria"),
                                           QDateTime::currentDateTime(), Tavrin::NewId());
     auto *viewpoint = qobject_cast<BCF_2_0_Lib::Viewpoint *>(topic->addViewpoint(QString()));

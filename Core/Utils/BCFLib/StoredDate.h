@@ -13,8 +13,9 @@ namespace BCFLib {
 class StoredDate
 {
 public:
+    /// No date.
     StoredDate() = default;
-    // Not explicit, so that a record takes a date like any other value.
+    /// A date that is given out as it is. Not explicit, so that a record takes one like any other value.
     StoredDate(const QDateTime &date) // NOLINT(google-explicit-constructor)
         : _date(date)
     {
@@ -28,8 +29,11 @@ public:
         return result;
     }
 
+    /// The date for a host: in local time if it comes from a file, else as it was set.
     QDateTime value() const { return _isOfFile ? _date.toLocalTime() : _date; }
+    /// The same moment as a file is to tell it.
     QDateTime inUtc() const { return _date.toUTC(); }
+    /// Whether there is a date; a text that tells none leaves an invalid one.
     bool isValid() const { return _date.isValid(); }
 
 private:
