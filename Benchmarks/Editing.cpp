@@ -78,7 +78,7 @@ void registerEditing(const QString &folder, bool quick)
             const QString name = QStringLiteral("%1/%2/%3").arg(tree).arg(size).arg(kind);
             benchmark::RegisterBenchmark(qPrintable(name), [=](benchmark::State &state) {
                 measure(state, makeModel(contents, folder).data());
-            })->Iterations(300);
+            })->Iterations(3000);
         };
         const Contents topics = {size, 1, 20, 0, 5, 0, false};
         add("topics of a model", "a comment", topics, editComments);

@@ -187,7 +187,7 @@ void registerLoadSave(const QString &folder, bool quick)
                 qPrintable(archive.name() + '/' + figure),
                 [=](benchmark::State &state) { (sampleOf(archive, folder).*measure)(state); })
                 ->UseManualTime()
-                ->Iterations(archive.isLarge ? 3 : 5)
+                ->Iterations(archive.isLarge ? 2 : 3)
                 ->Unit(benchmark::kMillisecond);
         };
         add("load", &Sample::load);

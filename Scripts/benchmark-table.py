@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """benchmark-table.py FIGURES [PAGE]: prints the figures of a run of bcf-benchmarks as a table.
 
 With a page, the table also replaces what stands between the two marks in it.
@@ -38,7 +38,7 @@ def load_save_lines(runs):
         yield row.format(
             archive if archive != previous else "", figure, duration(run["time"]),
             duration(floor) if floor else "", f"{run['time'] / floor:.2f}" if floor else "",
-            duration(run["time"] / run["items"]),
+            duration(run["time"] / run["items"]) if run["time"] > 1e-9 * run["items"] else "",
             *(megabytes(run, key) for key in ("peak", "kept", "tree"))).rstrip()
         previous = archive
 
@@ -71,9 +71,9 @@ def main():
             page = file.read()
         head, rest = page.split(BEGIN)
         tail = rest.split(END)[1]
-        block = "".join(f"    {line}\n" if line else "\n" for line in lines)
+        block = "```text\n" + "\n".join(lines) + "\n```\n"
         with open(sys.argv[2], "w", encoding="utf-8") as file:
-            file.write(f"{head}{BEGIN}\n{block}\n{END}{tail}")
+            file.write(f"{head}{BEGIN}{block}{END}{tail}")
 
 
 main()
