@@ -270,18 +270,21 @@ void TestArchiveLoading::timeGrowsWithTheArchive()
         }
         archives[topicCount].write();
     }
-    // Processor time, as the machine may have other things to do.
+    // The shortest processor times count, and more are taken while they are far apart: other programs
+    // take caches away. Work that grows faster than the archive takes longer each time.
     QMap<int, std::clock_t> best;
-    for (int run = 0; run < 6; ++run) {
-        const int topicCount = run % 2 == 0 ? 1000 : 4000;
-        const std::clock_t start = std::clock();
-        const Model model = TestArchive::load(archives[topicCount].path());
-        const std::clock_t time = std::clock() - start;
-        best[topicCount] = qMin(time, best.value(topicCount, time));
-        const BCFLib::Topic *last = model->topics().value(topicCount - 1);
-        QVERIFY(last != nullptr && last->comments().size() == 2 && last->snapshot("v") != nullptr);
+    double ratio = 0;
+    for (int run = 0; run < 3 || (run < 10 && ratio >= 4.6); ++run) {
+        for (const int topicCount : {1000, 4000}) {
+            const std::clock_t start = std::clock();
+            const Model model = TestArchive::load(archives[topicCount].path());
+            const std::clock_t time = std::clock() - start;
+            best[topicCount] = qMin(time, best.value(topicCount, time));
+            const BCFLib::Topic *last = model->topics().value(topicCount - 1);
+            QVERIFY(last != nullptr && last->comments().size() == 2 && last->snapshot("v") != nullptr);
+        }
+        ratio = double(best.value(4000)) / double(best.value(1000));
     }
-    const double ratio = double(best.value(4000)) / double(best.value(1000));
     QVERIFY2(ratio < 4.6, qPrintable(QString("%1 times as long for 4 times as much").arg(ratio)));
 }
 
