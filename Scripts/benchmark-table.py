@@ -25,7 +25,7 @@ def megabytes(run, key):
 
 
 def load_save_lines(runs):
-    row = "{:<29}{:<14}{:>9}{:>9}{:>7}{:>10}{:>7}{:>7}{:>7}"
+    row = "{:<30}{:<13}{:>9}{:>9}{:>7}{:>10}{:>7}{:>7}{:>7}"
     yield row.format("archive", "", "time", "floor", "ratio", "per item", "peak", "kept", "tree")
     yield row.format("", "", "", "", "", "", "MB", "MB", "MB")
     previous = None
@@ -44,7 +44,7 @@ def load_save_lines(runs):
 
 
 def editing_lines(runs):
-    row = "{:<29}{:<14}{:>9}{:>9}{:>9}"
+    row = "{:<30}{:<13}{:>9}{:>9}{:>9}"
     yield row.format("tree", "", "add", "find", "remove")
     yield ""
     for run in sorted(runs, key=lambda run: run["name"].split("/")[::2]):
