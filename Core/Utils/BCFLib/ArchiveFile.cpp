@@ -6,7 +6,7 @@ namespace BCFLib {
 
 namespace {
 
-constexpr qint64 blockSize = 16 * 1024;
+constexpr qint64 blockSize = 16LL * 1024;
 
 } // namespace
 

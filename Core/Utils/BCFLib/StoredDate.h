@@ -4,6 +4,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <utility>
+
 namespace BCFLib {
 
 /// A date of a record, as a host has set it or as it stands in a file.
@@ -16,8 +18,8 @@ public:
     /// No date.
     StoredDate() = default;
     /// A date that is given out as it is. Not explicit, so that a record takes one like any other value.
-    StoredDate(const QDateTime &date) // NOLINT(google-explicit-constructor)
-        : _date(date)
+    StoredDate(QDateTime date) // NOLINT(google-explicit-constructor)
+        : _date(std::move(date))
     {
     }
 

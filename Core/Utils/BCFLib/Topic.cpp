@@ -65,7 +65,7 @@ Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, cons
              QObject *parent)
     : QObject(parent)
     , _title(std::move(title))
-    , _creationDate(creationDate)
+    , _creationDate(std::move(creationDate))
     , _creationAuthor(std::move(creationAuthor))
     , _commentHints(std::make_unique<GuidHints>())
     , _viewpointHints(std::make_unique<GuidHints>())

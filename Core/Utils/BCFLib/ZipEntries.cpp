@@ -42,7 +42,7 @@ QString currentName(QuaZip *zip)
 {
     // What QuaZip reads quickly is filled up with chance bytes where a name has more than 256 bytes,
     // which is at least 128 units of text. The information on the entry tells all of the name.
-    const QString name = zip->getCurrentFileName();
+    QString name = zip->getCurrentFileName();
     if (name.size() < 128) {
         return name;
     }
