@@ -5,12 +5,11 @@
 
 #include <QChildEvent>
 #include <QDomDocument>
-#include <QSet>
 #include <QVariantMap>
-#include <QVector>
 #include <log4cplus/loggingmacros.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace BCF_2_0_Lib {
 
@@ -51,22 +50,58 @@ QList<QVariantMap> namedForms(const QVariant &list)
     return forms;
 }
 
-/// The elements that name a component, of several with one guid the last, in file order.
-QVector<QDomElement> effectiveElements(const QDomElement &components)
+/// An element of the file that names a component.
+struct Mention
 {
-    const QString name = QStringLiteral("Component");
-    QVector<QDomElement> elements;
-    QSet<QString> guids;
-    for (QDomElement element = components.lastChildElement(name); !element.isNull();
-         element = element.previousSiblingElement(name)) {
-        const QString guid = element.attribute(QStringLiteral("IfcGuid"));
-        if (!guid.isEmpty() && !guids.contains(guid)) {
-            guids.insert(guid);
-            elements.append(element);
+    QDomElement element;
+    QString guid;
+    bool isSuperseded = false;
+};
+
+/// Where a mention stands among the others.
+struct SortKey
+{
+    SortKey(const QString &guid, std::size_t mentionIndex)
+        : index(mentionIndex)
+    {
+        for (int i = 0; i < 4; ++i) {
+            head = head << 16 | (i < guid.size() ? guid.at(i).unicode() : 0);
         }
     }
-    std::reverse(elements.begin(), elements.end());
-    return elements;
+
+    /// The guid's first four units, which tell most guids apart without a look at the texts.
+    quint64 head = 0;
+    std::size_t index;
+};
+
+std::vector<Mention> readMentions(const QDomElement &components)
+{
+    std::vector<Mention> mentions;
+    for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
+        const QString guid = element.attribute(QStringLiteral("IfcGuid"));
+        if (!guid.isEmpty()) {
+            mentions.push_back({element, Xml::detachedText(guid)});
+        }
+    }
+    return mentions;
+}
+
+/// The mentions in the order of their guids, those of one guid in the order of the file.
+std::vector<SortKey> sortedByGuid(const std::vector<Mention> &mentions)
+{
+    std::vector<SortKey> keys;
+    keys.reserve(mentions.size());
+    for (const Mention &mention : mentions) {
+        keys.emplace_back(mention.guid, keys.size());
+    }
+    std::sort(keys.begin(), keys.end(), [&mentions](const SortKey &one, const SortKey &other) {
+        if (one.head != other.head) {
+            return one.head < other.head;
+        }
+        const int order = mentions[one.index].guid.compare(mentions[other.index].guid);
+        return order != 0 ? order < 0 : one.index < other.index;
+    });
+    return keys;
 }
 
 } // namespace
@@ -127,14 +162,35 @@ bool Viewpoint::holdsOnlyComponents() const
 
 void Viewpoint::readComponents(QDomElement &root)
 {
-    const QDomElement components = root.firstChildElement(QStringLiteral("Components"));
-    for (const QDomElement &element : effectiveElements(components)) {
-        Component *component = addComponent(Xml::detachedText(element.attribute(QStringLiteral("IfcGuid"))));
-        component->setSelected(readMark(element, QStringLiteral("Selected")));
-        component->setVisible(readMark(element, QStringLiteral("Visible")));
-        component->setColor(Xml::detachedText(element.attribute(QStringLiteral("Color"))));
-        component->read(element);
+    std::vector<Mention> mentions = readMentions(root.firstChildElement(QStringLiteral("Components")));
+    const std::vector<SortKey> sorted = sortedByGuid(mentions);
+    for (std::size_t i = 1; i < sorted.size(); ++i) {
+        Mention &earlier = mentions[sorted[i - 1].index];
+        earlier.isSuperseded =
+            sorted[i - 1].head == sorted[i].head && earlier.guid == mentions[sorted[i].index].guid;
     }
+    // Made in the order of the file, but entered in the order of guids, where each goes to the map's end.
+    std::vector<Component *> made;
+    made.reserve(mentions.size());
+    for (const Mention &mention : mentions) {
+        made.push_back(mention.isSuperseded ? nullptr : readComponent(mention.element, mention.guid));
+    }
+    for (const SortKey &key : sorted) {
+        if (made[key.index] != nullptr) {
+            _components.insert(_components.constEnd(), mentions[key.index].guid, made[key.index]);
+        }
+    }
+}
+
+Component *Viewpoint::readComponent(const QDomElement &element, const QString &guid)
+{
+    delete _components.value(guid);
+    Component *component = new Component(guid, this);
+    component->setSelected(readMark(element, QStringLiteral("Selected")));
+    component->setVisible(readMark(element, QStringLiteral("Visible")));
+    component->setColor(Xml::detachedText(element.attribute(QStringLiteral("Color"))));
+    component->read(element);
+    return component;
 }
 
 void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)

@@ -58,6 +58,8 @@ private:
     /// A component that is destroyed leaves the list.
     void forget(Component *component);
     bool holdsOnlyComponents() const;
+    /// Makes the component that the element describes, without entering it in the list.
+    Component *readComponent(const QDomElement &element, const QString &guid);
 
     QMap<QString, Component *> _components;
     /// Set once a host has hung something under a component, or a component elsewhere.
