@@ -44,6 +44,11 @@ BCFModel::BCFModel(QObject *parent)
 
 BCFModel::~BCFModel() = default;
 
+void BCFModel::childEvent(QChildEvent *event)
+{
+    _topicHints->familyChanged(event);
+}
+
 QSharedPointer<BCFModel> BCFModel::Create(const QString &version, QObject *parent)
 {
     QSharedPointer<BCFModel> model(new BCFModel(parent));

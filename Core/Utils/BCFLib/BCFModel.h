@@ -141,6 +141,7 @@ protected:
     static void readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint);
 
 private:
+    void childEvent(QChildEvent *event) override;
     bool readArchive(QuaZip *zip, const Tavrin::ProgressionSignals &progress);
     QStringList readTopics(QuaZip *zip, const QString &version, const Tavrin::ProgressionSignals &progress);
     bool unpackAttachments(QuaZip *zip, const QStringList &files, const Tavrin::ProgressionSignals &progress);

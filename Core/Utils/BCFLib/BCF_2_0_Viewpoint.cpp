@@ -78,9 +78,9 @@ std::vector<Mention> readMentions(const QDomElement &components)
 {
     std::vector<Mention> mentions;
     for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
-        const QString guid = element.attribute(QStringLiteral("IfcGuid"));
+        const QString guid = Xml::attribute(element, QStringLiteral("IfcGuid"));
         if (!guid.isEmpty()) {
-            mentions.push_back({element, Xml::detachedText(guid)});
+            mentions.push_back({element, guid});
         }
     }
     return mentions;
@@ -188,7 +188,7 @@ Component *Viewpoint::readComponent(const QDomElement &element, const QString &g
     Component *component = new Component(guid, this);
     component->setSelected(readMark(element, QStringLiteral("Selected")));
     component->setVisible(readMark(element, QStringLiteral("Visible")));
-    component->setColor(Xml::detachedText(element.attribute(QStringLiteral("Color"))));
+    component->setColor(Xml::attribute(element, QStringLiteral("Color")));
     component->read(element);
     return component;
 }

@@ -78,14 +78,11 @@ void Component::setIfcProjectId(const QString &ifcProjectId)
 
 void Component::read(const QDomElement &element)
 {
-    const auto readText = [&element](const QString &name, QString *text) {
-        if (Xml::readLeadingText(element, name, text)) {
-            *text = Xml::detachedText(*text);
-        }
-    };
-    _ifcProjectId = Xml::detachedText(element.attribute(QStringLiteral("IfcProjectGuid"), _ifcProjectId));
-    readText(QStringLiteral("OriginatingSystem"), &_originatingSystem);
-    readText(QStringLiteral("AuthoringToolId"), &_authoringToolId);
+    if (element.hasAttribute(QStringLiteral("IfcProjectGuid"))) {
+        _ifcProjectId = Xml::attribute(element, QStringLiteral("IfcProjectGuid"));
+    }
+    Xml::readLeadingText(element, QStringLiteral("OriginatingSystem"), &_originatingSystem);
+    Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &_authoringToolId);
 }
 
 void Component::write(QDomDocument &document, QDomElement &parent) const

@@ -187,7 +187,7 @@ QList<Component *> Components::readComponentList(const QDomElement &element)
 {
     QList<Component *> list;
     for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
-        const QString guid = Xml::detachedText(child.attribute(QStringLiteral("IfcGuid")));
+        const QString guid = Xml::attribute(child, QStringLiteral("IfcGuid"));
         if (!guid.isEmpty()) {
             Component *component = new Component(guid, this);
             component->read(child);

@@ -1,5 +1,7 @@
 #include "GuidHints.h"
 
+#include <utility>
+
 namespace BCFLib {
 
 namespace {
@@ -9,15 +11,34 @@ constexpr int smallFamily = 32;
 
 } // namespace
 
+void GuidHints::familyChanged(const QChildEvent *event)
+{
+    if (_familySize == notWatched) {
+        return;
+    }
+    _familySize += event->added() ? 1 : event->removed() ? -1 : 0;
+    if (event->added()) {
+        _newcomers.append(event->child());
+    }
+}
+
 QObject *GuidHints::hint(const QObject *owner, const QString &guid, const QMetaObject *type)
 {
-    if (owner->children().size() < smallFamily) {
-        _hints.clear();
-        _listener.reset();
-        _takenIn = 0;
+    const QObjectList &children = owner->children();
+    if (children.size() < smallFamily) {
+        startWith({});
+        _familySize = notWatched;
         return nullptr;
     }
-    takeInNewcomers(owner, type);
+    if (children.size() != _familySize) {
+        // Not watched until now, or a host keeps the owner's events back.
+        startWith(children);
+    }
+    for (const QPointer<QObject> &child : std::exchange(_newcomers, {})) {
+        if (type->cast(child.data()) != nullptr) {
+            takeIn(child);
+        }
+    }
     return verifiedHint(owner, guid);
 }
 
@@ -27,14 +48,12 @@ QObject *GuidHints::verifiedHint(const QObject *owner, const QString &guid) cons
     return child != nullptr && child->parent() == owner && child->objectName() == guid ? child : nullptr;
 }
 
-void GuidHints::takeInNewcomers(const QObject *owner, const QMetaObject *type)
+void GuidHints::startWith(const QObjectList &children)
 {
-    const QObjectList &children = owner->children();
-    for (_takenIn = qMin(_takenIn, children.size()); _takenIn < children.size(); ++_takenIn) {
-        if (type->cast(children.at(_takenIn)) != nullptr) {
-            takeIn(children.at(_takenIn));
-        }
-    }
+    _hints.clear();
+    _listener.reset();
+    _newcomers = QList<QPointer<QObject>>(children.begin(), children.end());
+    _familySize = children.size();
 }
 
 void GuidHints::takeIn(QObject *child)
@@ -53,14 +72,6 @@ void GuidHints::takeIn(QObject *child)
     QObject::connect(
         child, &QObject::objectNameChanged, _listener.get(),
         [this](const QString &guid) { _hints[guid].clear(); }, Qt::DirectConnection);
-}
-
-void GuidHints::missed(const QObject *owner, QObject *child)
-{
-    // Where earlier children have gone, later ones have moved up among those that were taken in.
-    if (child != nullptr && _takenIn > 0 && !_hints.contains(child->objectName())) {
-        _takenIn = owner->children().indexOf(child);
-    }
 }
 
 } // namespace BCFLib

@@ -3,7 +3,9 @@
 
 #include "ObjectTree.h"
 
+#include <QChildEvent>
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -21,6 +23,9 @@ namespace BCFLib {
 class GuidHints
 {
 public:
+    /// To be called with each child event of the owner.
+    void familyChanged(const QChildEvent *event);
+
     /// The first object of class T below @p owner with that guid, or null; children before all others.
     template<class T>
     T *find(const QObject *owner, const QString &guid)
@@ -29,7 +34,6 @@ public:
         T *child = qobject_cast<T *>(hint(owner, guid, &T::staticMetaObject));
         if (child == nullptr) {
             child = ObjectTree::childWhere<T>(owner, hasGuid);
-            missed(owner, child);
         }
         return child != nullptr ? child : ObjectTree::furtherBelowWhere<T>(owner, hasGuid);
     }
@@ -37,14 +41,17 @@ public:
 private:
     QObject *hint(const QObject *owner, const QString &guid, const QMetaObject *type);
     QObject *verifiedHint(const QObject *owner, const QString &guid) const;
-    void takeInNewcomers(const QObject *owner, const QMetaObject *type);
+    void startWith(const QObjectList &children);
     void takeIn(QObject *child);
-    void missed(const QObject *owner, QObject *child);
+
+    static constexpr int notWatched = -1;
 
     /// Null for a guid that has no hint any more.
     QHash<QString, QPointer<QObject>> _hints;
-    /// How many of the children, from the first one on, were taken in.
-    int _takenIn = 0;
+    /// Children that were not looked at yet: while they are added they have no guid.
+    QList<QPointer<QObject>> _newcomers;
+    /// How many children the owner has as far as its events tell.
+    int _familySize = notWatched;
     /// Hears of guids that children take on.
     std::unique_ptr<QObject> _listener;
 };

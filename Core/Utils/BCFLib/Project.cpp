@@ -81,7 +81,7 @@ void Project::readProject(QDomDocument &document)
     const QDomElement extension = document.firstChildElement(QStringLiteral("ProjectExtension"));
     const QDomElement project = extension.firstChildElement(QStringLiteral("Project"));
     if (!project.isNull()) {
-        setGuid(project.attribute(QStringLiteral("ProjectId")));
+        setGuid(Xml::attribute(project, QStringLiteral("ProjectId")));
         _name = Xml::childText(project, QStringLiteral("Name"));
     }
     _extensionSchema = Xml::childText(extension, QStringLiteral("ExtensionSchema"));

@@ -81,6 +81,12 @@ Topic::Topic(const QVariant &variant, QObject *parent)
 
 Topic::~Topic() = default;
 
+void Topic::childEvent(QChildEvent *event)
+{
+    _commentHints->familyChanged(event);
+    _viewpointHints->familyChanged(event);
+}
+
 QString Topic::guid() const
 {
     return objectName();
@@ -473,9 +479,10 @@ QStringList Topic::readHeader(QDomDocument &doc)
     const QDomElement header = doc.documentElement().firstChildElement(QStringLiteral("Header"));
     for (const QDomElement &element : Xml::childElements(header, QStringLiteral("File"))) {
         File *file = addFile();
-        file->setIfcProject(element.attribute(QStringLiteral("IfcProject")));
-        file->setIfcSpatialStructureElement(element.attribute(QStringLiteral("IfcSpatialStructureElement")));
-        file->setIsExternal(element.attribute(QStringLiteral("isExternal")) != QLatin1String("false"));
+        file->setIfcProject(Xml::attribute(element, QStringLiteral("IfcProject")));
+        file->setIfcSpatialStructureElement(
+            Xml::attribute(element, QStringLiteral("IfcSpatialStructureElement")));
+        file->setIsExternal(Xml::attribute(element, QStringLiteral("isExternal")) != QLatin1String("false"));
         file->setFilename(Xml::childText(element, QStringLiteral("Filename")));
         file->setDate(QDateTime::fromString(Xml::childText(element, QStringLiteral("Date")), Qt::ISODate));
         file->setReference(Xml::childText(element, QStringLiteral("Reference")));
@@ -494,9 +501,9 @@ void Topic::readTopic(QDomDocument &doc, const QString &version)
     if (topic.isNull()) {
         return;
     }
-    setGuid(topic.attribute(QStringLiteral("Guid")));
-    _topicType = topic.attribute(QStringLiteral("TopicType"));
-    _topicStatus = topic.attribute(QStringLiteral("TopicStatus"));
+    setGuid(Xml::attribute(topic, QStringLiteral("Guid")));
+    _topicType = Xml::attribute(topic, QStringLiteral("TopicType"));
+    _topicStatus = Xml::attribute(topic, QStringLiteral("TopicStatus"));
     _title = Xml::childText(topic, QStringLiteral("Title"));
     _referenceLink = Xml::childText(topic, QStringLiteral("ReferenceLink"));
     _description = Xml::childText(topic, QStringLiteral("Description"));
@@ -521,21 +528,21 @@ void Topic::readAttachments(const QDomElement &topic)
 {
     const QString isTrue = QStringLiteral("true");
     for (const QDomElement &element : Xml::childElements(topic, QStringLiteral("DocumentReference"))) {
-        DocumentReference *reference = addDocumentReference(element.attribute(QStringLiteral("Guid")));
-        reference->setIsExternal(element.attribute(QStringLiteral("isExternal")) == isTrue);
+        DocumentReference *reference = addDocumentReference(Xml::attribute(element, QStringLiteral("Guid")));
+        reference->setIsExternal(Xml::attribute(element, QStringLiteral("isExternal")) == isTrue);
         reference->setReferencedDocument(Xml::childText(element, QStringLiteral("ReferencedDocument")));
         reference->setDescription(Xml::childText(element, QStringLiteral("Description")));
     }
     const QDomElement element = topic.firstChildElement(QStringLiteral("BimSnippet"));
     if (!element.isNull()) {
         BimSnippet *snippet = addBimSnippet();
-        snippet->setSnippetType(element.attribute(QStringLiteral("SnippetType")));
-        snippet->setIsExternal(element.attribute(QStringLiteral("isExternal")) == isTrue);
+        snippet->setSnippetType(Xml::attribute(element, QStringLiteral("SnippetType")));
+        snippet->setIsExternal(Xml::attribute(element, QStringLiteral("isExternal")) == isTrue);
         snippet->setReference(Xml::childText(element, QStringLiteral("Reference")));
         snippet->setReferenceSchema(Xml::childText(element, QStringLiteral("ReferenceSchema")));
     }
     for (const QDomElement &link : Xml::childElements(topic, QStringLiteral("RelatedTopics"))) {
-        const QString guid = link.attribute(QStringLiteral("Guid"));
+        const QString guid = Xml::attribute(link, QStringLiteral("Guid"));
         if (!guid.isEmpty()) {
             addRelatedTopic(guid);
         }
@@ -547,7 +554,7 @@ void Topic::readViewpoints(QDomDocument &doc, const QString &version)
     for (const QDomElement &element :
          Xml::childElements(doc.documentElement(), QStringLiteral("Viewpoints"))) {
         // An empty guid identifies no more than a missing one.
-        const QString guid = element.attribute(QStringLiteral("Guid"));
+        const QString guid = Xml::attribute(element, QStringLiteral("Guid"));
         if (guid.isEmpty()) {
             continue;
         }
@@ -572,7 +579,7 @@ void Topic::readComments(QDomDocument &doc, const QString &version)
             mayDescribeTopic = false;
             continue;
         }
-        const QString commentGuid = guidOrNewId(element.attribute(QStringLiteral("Guid")));
+        const QString commentGuid = guidOrNewId(Xml::attribute(element, QStringLiteral("Guid")));
         Comment *comment = usesListForm(version) ? new BCF_2_0_Lib::Comment(commentGuid, this)
                                                  : new Comment(commentGuid, this);
         const QString viewpointGuid = Xml::childGuid(element, QStringLiteral("Viewpoint"));

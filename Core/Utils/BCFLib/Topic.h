@@ -251,6 +251,7 @@ protected:
 private:
     friend class BCFModel;
 
+    void childEvent(QChildEvent *event) override;
     void readAttachments(const QDomElement &topic);
     void writeAttachments(QDomDocument &doc, QDomElement &topic);
     void attachmentsFromQVariant(const QVariantMap &map);

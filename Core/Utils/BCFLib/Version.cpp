@@ -72,7 +72,7 @@ bool Version::serialize(QIODevice *device)
 void Version::readVersion(QDomDocument &document)
 {
     const QDomElement version = document.firstChildElement(QStringLiteral("Version"));
-    _versionId = version.attribute(QStringLiteral("VersionId"));
+    _versionId = Xml::attribute(version, QStringLiteral("VersionId"));
     _detailedVersion = Xml::childText(version, QStringLiteral("DetailedVersion"));
 }
 

@@ -17,16 +17,27 @@ bool isUnwritable(ushort unit)
     return isControl || QChar::isSurrogate(unit) || unit >= 0xFFFE;
 }
 
+/// The same text in memory of its own.
+QString detached(const QString &text)
+{
+    return text.isEmpty() ? text : QString(text.constData(), text.size());
+}
+
 } // namespace
+
+QString Xml::attribute(const QDomElement &element, const QString &name)
+{
+    return detached(element.attribute(name));
+}
 
 QString Xml::childText(const QDomElement &parent, const QString &name)
 {
-    return parent.firstChildElement(name).text();
+    return detached(parent.firstChildElement(name).text());
 }
 
 QString Xml::childGuid(const QDomElement &parent, const QString &name)
 {
-    return parent.firstChildElement(name).attribute(QStringLiteral("Guid"));
+    return attribute(parent.firstChildElement(name), QStringLiteral("Guid"));
 }
 
 bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QString *text)
@@ -35,13 +46,8 @@ bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QStrin
     if (node.isNull()) {
         return false;
     }
-    *text = node.data();
+    *text = detached(node.data());
     return true;
-}
-
-QString Xml::detachedText(const QString &text)
-{
-    return text.isEmpty() ? text : QString(text.constData(), text.size());
 }
 
 StoredDate Xml::childDate(const QDomElement &parent, const QString &name)

@@ -9,6 +9,9 @@
 namespace BCFLib {
 
 /// The habits of the readers and writers of XML elements, each in one place.
+///
+/// The texts that are read are copies. QDomElement's own functions give texts that share their memory with
+/// the document; each that outlives it would keep back a piece of what the document took.
 namespace Xml {
 
 /// All children of @p parent of that name, in file order, for a range-based for.
@@ -55,6 +58,9 @@ inline ChildElements childElements(const QDomElement &parent, const QString &nam
     return {parent, name};
 }
 
+/// The element's attribute of that name; empty without it.
+QString attribute(const QDomElement &element, const QString &name);
+
 /// Text of the first child of that name; empty without such a child.
 QString childText(const QDomElement &parent, const QString &name);
 
@@ -65,12 +71,6 @@ QString childGuid(const QDomElement &parent, const QString &name);
 ///
 /// False, with @p text as it was, if there is no such child or it does not begin with text.
 bool readLeadingText(const QDomElement &parent, const QString &name, QString *text);
-
-/// The same text in memory of its own.
-///
-/// Texts share their memory with the document that they come from. Where many objects outlive a large
-/// document, each text would keep back a piece of what the document took.
-QString detachedText(const QString &text);
 
 /// The ISO date that the first child of that name holds; invalid without one.
 StoredDate childDate(const QDomElement &parent, const QString &name);
