@@ -2,7 +2,9 @@
 
 #include "Limits.h"
 
+#include <new>
 #include <quazip/quazip.h>
+#include <quazip/unzip.h>
 
 namespace BCFLib {
 
@@ -31,17 +33,27 @@ ArchiveEntry::ArchiveEntry(QuaZip *zip)
 
 bool ArchiveEntry::open(OpenMode mode)
 {
-    return (_budget == nullptr || !_budget->isSpent()) && QuaZipFile::open(mode);
+    const bool isOpen = (_budget == nullptr || !_budget->isSpent()) && QuaZipFile::open(mode);
+    throwIfOutOfMemory();
+    return isOpen;
 }
 
 qint64 ArchiveEntry::readData(char *data, qint64 maxSize)
 {
-    if (_budget == nullptr) {
-        return QuaZipFile::readData(data, maxSize);
+    const bool isSpent = _budget != nullptr && _budget->isSpent();
+    const qint64 count = isSpent ? -1 : QuaZipFile::readData(data, maxSize);
+    throwIfOutOfMemory();
+    if (_budget != nullptr) {
+        _budget->spend(qMax<qint64>(0, count));
     }
-    const qint64 count = _budget->isSpent() ? -1 : QuaZipFile::readData(data, maxSize);
-    _budget->spend(qMax<qint64>(0, count));
     return count;
+}
+
+void ArchiveEntry::throwIfOutOfMemory() const
+{
+    if (getZipError() == UNZ_INTERNALERROR || getZipError() == Z_MEM_ERROR) {
+        throw std::bad_alloc();
+    }
 }
 
 } // namespace BCFLib

@@ -32,6 +32,9 @@ public:
 };
 
 /// An entry that is read against the budget of its archive, and fails once that is spent.
+///
+/// Where the zip library lacks memory, std::bad_alloc is thrown: an entry that is there must not pass for one
+/// that is broken.
 class ArchiveEntry : public QuaZipFile
 {
 public:
@@ -43,6 +46,8 @@ protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
+    void throwIfOutOfMemory() const;
+
     /// Null where the device of the archive has none.
     ReadBudget *_budget;
 };

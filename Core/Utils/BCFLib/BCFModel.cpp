@@ -311,10 +311,14 @@ bool BCFModel::serialize(const QString &path)
 {
     QFile file(path);
     QuaZip zip(&file);
-    if (!zip.open(QuaZip::mdCreate) || !writeArchive(&zip)) {
+    try {
+        if (!zip.open(QuaZip::mdCreate) || !writeArchive(&zip)) {
+            return false;
+        }
+        zip.close();
+    } catch (const std::bad_alloc &) {
         return false;
     }
-    zip.close();
     // The last bytes leave the file's buffer on closing, where a full disk shows in the file alone.
     return zip.getZipError() == ZIP_OK && file.error() == QFileDevice::NoError;
 }

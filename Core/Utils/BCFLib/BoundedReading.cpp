@@ -2,8 +2,6 @@
 
 #include <QIODevice>
 
-#include <new>
-
 namespace BCFLib {
 
 namespace {
@@ -17,7 +15,9 @@ qint64 expectedSize(const QIODevice *device, qint64 limit)
     return qBound<qint64>(0, device->size(), qMin<qint64>(limit, 16LL * 1024 * 1024));
 }
 
-ReadOutcome readChunks(QIODevice *device, qint64 limit, QByteArray *bytes)
+} // namespace
+
+ReadOutcome readToEnd(QIODevice *device, qint64 limit, QByteArray *bytes)
 {
     // One byte more than expected, so that the end shows without another round.
     qint64 capacity = qMin(limit, expectedSize(device, limit)) + 1;
@@ -27,35 +27,18 @@ ReadOutcome readChunks(QIODevice *device, qint64 limit, QByteArray *bytes)
         const qint64 count = device->read(bytes->data() + length, capacity - length);
         if (count <= 0) {
             bytes->resize(static_cast<int>(length));
+            bytes->squeeze();
             return count < 0 ? ReadOutcome::Broken : ReadOutcome::Complete;
         }
         length += count;
         if (length > limit) {
+            bytes->clear();
             return ReadOutcome::TooLarge;
         }
         if (length == capacity) {
             capacity = qMin(limit + 1, qMax(2 * capacity, firstChunk));
         }
     }
-}
-
-} // namespace
-
-ReadOutcome readToEnd(QIODevice *device, qint64 limit, QByteArray *bytes)
-{
-    ReadOutcome outcome = ReadOutcome::TooLarge;
-    try {
-        outcome = readChunks(device, limit, bytes);
-        if (outcome != ReadOutcome::TooLarge) {
-            bytes->squeeze();
-        }
-    } catch (const std::bad_alloc &) {
-        outcome = ReadOutcome::TooLarge;
-    }
-    if (outcome == ReadOutcome::TooLarge) {
-        bytes->clear();
-    }
-    return outcome;
 }
 
 } // namespace BCFLib

@@ -12,7 +12,7 @@ namespace BCFLib {
 enum class ReadOutcome {
     Complete, ///< The device came to its end.
     Broken, ///< The device failed on the way; what came before is there.
-    TooLarge ///< The device holds more than it may, or more than memory; nothing is there.
+    TooLarge ///< The device holds more than it may; nothing is there.
 };
 
 /// Reads an open device to its end, without trusting what it says of its size.

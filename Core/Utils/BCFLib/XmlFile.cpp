@@ -8,8 +8,6 @@
 #include <QIODevice>
 #include <QStringBuilder>
 
-#include <new>
-
 namespace BCFLib {
 
 namespace {
@@ -148,11 +146,7 @@ bool XmlFile::read(QIODevice *device, QDomDocument *document)
         || !XmlGuard::isHarmless(bytes)) {
         return false;
     }
-    try {
-        return document->setContent(bytes);
-    } catch (const std::bad_alloc &) {
-        return false;
-    }
+    return document->setContent(bytes);
 }
 
 void XmlFile::write(const QDomDocument &document, QIODevice *device)
