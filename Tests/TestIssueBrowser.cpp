@@ -8,7 +8,9 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -35,6 +37,17 @@ public:
         QVERIFY(!centralWidget()->isEnabled());
         QVERIFY(done.wait());
     }
+    void dropAndWait(QWidget *onto, const QString &path)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QSignalSpy done(this, &MainWindow::opened);
+        QApplication::sendEvent(onto, &enter);
+        QApplication::sendEvent(onto, &drop);
+        QVERIFY(done.wait());
+    }
     template<class T>
     T *part(const char *name) const
     {
@@ -43,10 +56,11 @@ public:
     QAbstractItemModel *topics() const { return part<QAbstractItemView>("topics")->model(); }
     QAbstractItemModel *comments() const { return part<QAbstractItemView>("comments")->model(); }
     QString title(int row) const { return topics()->index(row, TopicTableModel::Title).data().toString(); }
-    QString messageText() const
+    QString message() const
     {
         const QMessageBox *const box = findChild<QMessageBox *>();
-        return box && box->textFormat() == Qt::PlainText ? box->text() : QString();
+        return box && box->textFormat() == Qt::PlainText ? box->windowTitle() + ": " + box->text()
+                                                         : QString();
     }
 };
 
@@ -88,7 +102,7 @@ private slots:
     void editsAreSavedAndLoadedAgain();
     void closingAsksForUnsavedEdits();
     void unusableArchive();
-    void secondArchiveTakesThePlaceOfTheFirst();
+    void droppedArchiveTakesThePlaceOfTheFirst();
     void closingDuringALoad();
     void badImagesAreNull();
 };
@@ -96,7 +110,7 @@ private slots:
 void TestIssueBrowser::sampleIsShownSortedAndFiltered()
 {
     const Browser browser(sample);
-    QVERIFY(browser.messageText().isEmpty());
+    QVERIFY(browser.message().isEmpty());
     QCOMPARE(browser.topics()->rowCount(), 3);
     QVERIFY(browser.title(0).startsWith("Supply duct"));
     QCOMPARE(browser.part<QLineEdit>("title")->text(), browser.title(0));
@@ -168,7 +182,7 @@ void TestIssueBrowser::editsAreSavedAndLoadedAgain()
 
     // A failed save tells so and leaves what is there.
     QVERIFY(!browser.save(folder.path("no folder/x.bcf")));
-    QVERIFY(browser.messageText().contains("can't be saved"));
+    QVERIFY(browser.message().contains("can't be saved"));
 }
 
 void TestIssueBrowser::closingAsksForUnsavedEdits()
@@ -194,14 +208,17 @@ void TestIssueBrowser::unusableArchive()
     QFile file(archive.path("<i>.bcf"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     Browser browser(file.fileName());
-    QCOMPARE(browser.messageText(), QString("Invalid bcf version for \"<i>.bcf\" file"));
+    QCOMPARE(browser.message(), QString("Error: Invalid bcf version for \"<i>.bcf\" file"));
     QVERIFY(!browser.centralWidget()->isEnabled());
 }
 
-void TestIssueBrowser::secondArchiveTakesThePlaceOfTheFirst()
+void TestIssueBrowser::droppedArchiveTakesThePlaceOfTheFirst()
 {
     Browser browser(sample);
-    browser.openAndWait(TestArchive().addTopic("<Title>T</Title>", comment("a", "")).write());
+    TestArchive second;
+    second.addTopic("<Title>T</Title>", comment("a", ""));
+    browser.dropAndWait(browser.part<QLineEdit>("filter"), second.write());
+    QCOMPARE(browser.windowTitle(), QString("test.bcf[*]"));
     QCOMPARE(browser.topics()->rowCount(), 1);
     QCOMPARE(browser.part<QLineEdit>("title")->text(), QString("T"));
     QCOMPARE(tree(*browser.comments()), QString("a"));

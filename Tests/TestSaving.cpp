@@ -14,6 +14,8 @@
 
 #include <QColor>
 #include <QDir>
+#include <QDomDocument>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -292,8 +294,12 @@ void TestSaving::anyTextSurvives()
     topic->setTopicType(text);
     topic->setDescription(QString("no") + QChar(1) + QChar(0xD800) + "where");
     topic->addComment("c")->setComment(text);
+    topic->addComment("long")->setComment(QString(4000000, '&'));
     static_cast<BCF_2_0_Lib::Viewpoint *>(topic->addViewpoint("v"))->addComponent(text);
+    QElapsedTimer timer;
+    timer.start();
     QVERIFY(model->serialize(folder.path()));
+    QVERIFY(timer.elapsed() < 30000);
     const ModelPointer loaded = TestArchive::load(folder.path());
     QCOMPARE(loaded->topics().size(), 1);
     const Topic *again = loaded->topics().first();
@@ -301,7 +307,15 @@ void TestSaving::anyTextSurvives()
     QCOMPARE(again->topicType(), text);
     QCOMPARE(again->description(), QString("no") + QChar(0xFFFD) + QChar(0xFFFD) + "where");
     QCOMPARE(again->comment("c")->comment(), text);
+    QCOMPARE(again->comment("long")->comment().size(), 4000000);
     QVERIFY(static_cast<BCF_2_0_Lib::Viewpoint *>(again->viewpoint("v"))->getComponent(text) != nullptr);
+
+    // The form is that of QDomDocument, to the last blank.
+    QDomDocument document;
+    QVERIFY(document.setContent(TestArchive::entry(folder.path(), "t/viewpoint.bcfv")));
+    document.removeChild(document.firstChild());
+    QCOMPARE(QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n") + document.toByteArray(4),
+             TestArchive::entry(folder.path(), "t/viewpoint.bcfv"));
 }
 
 void TestSaving::nextLoadDropsWhatTheFormatCannotHold()
