@@ -195,9 +195,7 @@ bool MainWindow::save(const QString &path)
         tell(QMessageBox::Critical, tr("Error"), tr("The archive can't be saved as \"%1\"").arg(path));
         return false;
     }
-    _path = path;
-    setWindowFilePath(path);
-    setWindowModified(false);
+    setPath(path);
     return true;
 }
 
@@ -264,13 +262,20 @@ void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QStr
     showTopic(QModelIndex());
     _topics->setArchive(archive);
     _archive = archive;
-    _path = path;
-    setWindowFilePath(path);
-    setWindowModified(false);
+    setPath(path);
     _summary->setText(summary(*archive, _topics->rowCount()));
     _filter->clear();
     _table->resizeColumnsToContents();
     _table->setCurrentIndex(_shownTopics->index(0, TopicTableModel::Title));
+}
+
+void MainWindow::setPath(const QString &path)
+{
+    _path = path;
+    setWindowFilePath(path);
+    // A star takes the place of the brackets where something is unsaved.
+    setWindowTitle(QFileInfo(path).fileName() + QStringLiteral("[*]"));
+    setWindowModified(false);
 }
 
 void MainWindow::showTopic(const QModelIndex &shown)

@@ -56,6 +56,8 @@ private:
     void setLoading(bool isLoading);
     void showOutcome(const QSharedPointer<BCFLib::BCFModel> &archive, const QString &path);
     void showArchive(const QSharedPointer<BCFLib::BCFModel> &archive, const QString &path);
+    /// The archive as shown is the one that stands there.
+    void setPath(const QString &path);
     void showTopic(const QModelIndex &shown);
     void filterTopics(const QString &text);
     void tell(QMessageBox::Icon icon, const QString &title, const QString &text);

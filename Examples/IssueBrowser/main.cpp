@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int wrongUse = 2;
+
 /// Saves a picture of the window as soon as an archive is shown, and ends the program.
 void saveScreenshot(MainWindow &window, const QString &path)
 {
@@ -40,13 +42,16 @@ int main(int argc, char *argv[])
     parser.addPositionalArgument(QStringLiteral("archive"), QStringLiteral("The archive to open."),
                                  QStringLiteral("[archive]"));
     parser.process(application);
+    const QStringList archives = parser.positionalArguments();
+    if (archives.size() > 1 || (parser.isSet(screenshot) && archives.isEmpty())) {
+        parser.showHelp(wrongUse);
+    }
 
     MainWindow window;
     if (parser.isSet(screenshot)) {
         saveScreenshot(window, parser.value(screenshot));
     }
     window.show();
-    const QStringList archives = parser.positionalArguments();
     if (!archives.isEmpty()) {
         window.open(archives.first());
     }
