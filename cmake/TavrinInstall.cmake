@@ -1,4 +1,4 @@
-# What is installed beside the libraries and programs: the CMake package, documents and samples.
+# What is installed beside the libraries: the CMake package, the programs, documents and samples.
 include(CMakePackageConfigHelpers)
 
 set(package_config TavrinBCFLibConfig.cmake TavrinBCFLibConfigVersion.cmake)
@@ -20,6 +20,12 @@ install(EXPORT TavrinBCFLibTargets NAMESPACE Tavrin::
 foreach(program bcf-create bcf-inspect issue-browser)
     if(TARGET ${program})
         install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+
+        set(page ${PROJECT_BINARY_DIR}/man/${program}.1)
+        get_target_property(folder ${program} SOURCE_DIR)
+        configure_file(${folder}/${program}.1 ${page} @ONLY)
+        execute_process(COMMAND gzip --best --no-name --force --keep ${page} COMMAND_ERROR_IS_FATAL ANY)
+        install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
     endif()
 endforeach()
 

@@ -11,16 +11,20 @@ set(CPACK_COMPONENTS_ALL runtime development tools)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_TOOLS_DEPENDS runtime)
 
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+# Packages that Debian itself might make of this version begin with 1 and take the place of these.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 0tavrin1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libtavrin-bcflib${TAVRIN_SOVERSION})
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
+# The trigger calls ldconfig. CPack writes scripts that call it too, unless the package has its own:
+# the two names keep it from that, and as there are no such files, of which it warns, there are none.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers postinst postrm)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
 "issue archives of the BIM Collaboration Format
@@ -57,5 +61,9 @@ foreach(component runtime development tools)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME}
         COMPONENT ${component} EXCLUDE_FROM_ALL)
 endforeach()
+install(FILES packaging/lintian-overrides
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+    RENAME ${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME}
+    COMPONENT runtime EXCLUDE_FROM_ALL)
 
 include(CPack)
