@@ -112,6 +112,7 @@ class TestHostileArchives : public QObject
 private slots:
     void damagedArchives_data();
     void damagedArchives();
+    void brokenImage();
     void oddNames_data();
     void oddNames();
     void archivesThatUnpackToTooMuch();
@@ -136,6 +137,11 @@ void TestHostileArchives::damagedArchives_data()
     QTest::newRow("an entry's checksum is wrong") << entryField(bad, 16, 0xDEADBEEF, 4) << 2;
     QTest::newRow("an entry is said to be encrypted") << entryField(bad, 8, 1, 2) << 2;
     QTest::newRow("an entry has an unknown method") << entryField(bad, 10, 99, 2) << 1;
+    QTest::newRow("an entry has a stream of bzip2 that breaks off") << Damage([bad](QByteArray *zip) {
+        entryField(bad, 10, 12, 2)(zip);
+        entryField(bad, 20, 10, 4)(zip);
+        zip->replace(zip->indexOf(bad) + bad.size(), 10, "BZh91AY&SY");
+    }) << 1;
     QTest::newRow("two entries share their bytes") << entryField(bad, 42, 0, 4) << 1;
     QTest::newRow("the directory lies outside of the file")
         << Damage([](QByteArray *zip) { zip->replace(zip->size() - 6, 4, "\x7F\x7F\x7F\x7F"); }) << 0;
@@ -156,6 +162,21 @@ void TestHostileArchives::damagedArchives()
     QCOMPARE(model->topics().size(), topics);
     QCOMPARE(model->isValid(), false);
     QVERIFY(model->serialize(archive.path("saved.bcf")));
+}
+
+void TestHostileArchives::brokenImage()
+{
+    QByteArray image(400000, '\0');
+    QRandomGenerator(5).generate(image.begin(), image.end());
+    TestArchive archive;
+    archive.addTopic("", "<Viewpoints Guid='v'><Snapshot>i.png</Snapshot></Viewpoints>")
+        .add("t/i.png", image);
+    QByteArray zip = readFile(archive.write());
+    entryField("t/i.png", 20, 300000, 4)(&zip);
+    writeFile(archive.path(), zip);
+    const QSharedPointer<BCFModel> model = TestArchive::load(archive.path());
+    const QByteArray kept = *model->topic("t")->snapshot("v");
+    QVERIFY2(kept.size() > 250000 && image.startsWith(kept), "what came before the break is kept");
 }
 
 void TestHostileArchives::oddNames_data()

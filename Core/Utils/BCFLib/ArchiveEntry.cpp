@@ -8,6 +8,13 @@
 
 namespace BCFLib {
 
+namespace {
+
+/// The method of an entry whose bytes stand in the archive as they are.
+constexpr int stored = 0;
+
+} // namespace
+
 ReadBudget::ReadBudget(qint64 archiveSize)
     : _bytesLeft(Limits::archiveBytes + Limits::archiveGrowth * archiveSize)
 {
@@ -33,9 +40,20 @@ ArchiveEntry::ArchiveEntry(QuaZip *zip)
 
 bool ArchiveEntry::open(OpenMode mode)
 {
-    const bool isOpen = (_budget == nullptr || !_budget->isSpent()) && QuaZipFile::open(mode);
-    throwIfOutOfMemory();
-    return isOpen;
+    if (_budget != nullptr && _budget->isSpent()) {
+        return false;
+    }
+    int method = 0;
+    int level = 0;
+    if (!QuaZipFile::open(mode, &method, &level, false)) {
+        throwIfOutOfMemory();
+        return false;
+    }
+    if (method != stored && method != Z_DEFLATED) {
+        close();
+        return false;
+    }
+    return true;
 }
 
 qint64 ArchiveEntry::readData(char *data, qint64 maxSize)

@@ -33,6 +33,9 @@ public:
 
 /// An entry that is read against the budget of its archive, and fails once that is spent.
 ///
+/// Only stored and deflated entries open. The zip library also knows bzip2, which the format does not, and
+/// never comes back from a bzip2 stream that ends early.
+///
 /// Where the zip library lacks memory, std::bad_alloc is thrown: an entry that is there must not pass for one
 /// that is broken.
 class ArchiveEntry : public QuaZipFile

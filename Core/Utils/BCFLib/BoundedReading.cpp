@@ -8,6 +8,9 @@ namespace {
 
 constexpr qint64 firstChunk = 64LL * 1024;
 
+/// Where a stream breaks off, the piece that is asked for then is lost, but not those before it.
+constexpr qint64 piece = 16LL * 1024;
+
 /// What the device says of itself, as far as it may be believed: enough to spare a growing buffer
 /// its copies, too little to let a lie claim much memory.
 qint64 expectedSize(const QIODevice *device, qint64 limit)
@@ -24,7 +27,7 @@ ReadOutcome readToEnd(QIODevice *device, qint64 limit, QByteArray *bytes)
     qint64 length = 0;
     for (;;) {
         bytes->resize(static_cast<int>(capacity));
-        const qint64 count = device->read(bytes->data() + length, capacity - length);
+        const qint64 count = device->read(bytes->data() + length, qMin(piece, capacity - length));
         if (count <= 0) {
             bytes->resize(static_cast<int>(length));
             bytes->squeeze();

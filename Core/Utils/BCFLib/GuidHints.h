@@ -42,11 +42,12 @@ private:
     QObject *hint(const QObject *owner, const QString &guid, const QMetaObject *type);
     QObject *verifiedHint(const QObject *owner, const QString &guid) const;
     void startWith(const QObjectList &children);
+    void stopWatching();
     void takeIn(QObject *child);
 
     static constexpr int notWatched = -1;
 
-    /// Null for a guid that has no hint any more.
+    /// Null where the child is gone; the listener for a guid that is to have no hint any more.
     QHash<QString, QPointer<QObject>> _hints;
     /// Children that were not looked at yet: while they are added they have no guid.
     QList<QPointer<QObject>> _newcomers;
