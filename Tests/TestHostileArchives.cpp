@@ -63,6 +63,15 @@ QByteArray nested(int depth, const QByteArray &start = QByteArray())
         + QByteArray("</a>").repeated(depth) + "</VisualizationInfo>";
 }
 
+QByteArray attributes(int count)
+{
+    QByteArray text;
+    for (int i = 0; i < count; ++i) {
+        text += " a" + QByteArray::number(i) + "=''";
+    }
+    return text;
+}
+
 /// Whether a viewpoint takes a file that holds one line, asked in a thread with a small stack.
 bool isRead(const QByteArray &file)
 {
@@ -110,13 +119,14 @@ class TestHostileArchives : public QObject
     Q_OBJECT
 
 private slots:
+    // The first, as what others have freed would serve in place of new memory.
+    void memoryEnds();
     void damagedArchives_data();
     void damagedArchives();
     void brokenImage();
     void oddNames_data();
     void oddNames();
     void archivesThatUnpackToTooMuch();
-    void memoryEnds();
     void xmlFiles_data();
     void xmlFiles();
     void namesThatLeaveTheCache_data();
@@ -309,6 +319,10 @@ void TestHostileArchives::xmlFiles_data()
                 << start + codec->fromUnicode(QString::fromLatin1(nested(200))) << false;
         }
     }
+    QTest::newRow("an encoding that is declared too late to count")
+        << nested(200, "<?xml version='1.0'" + QByteArray(1100, ' ') + "encoding='UTF-16'?>") << false;
+    QTest::newRow("more attributes than any element has")
+        << nested(1, "<?xml version='1.0'?>").replace("<a>", "<a" + attributes(300) + ">") << false;
     QTest::newRow("a shallow file in UTF-16")
         << QTextCodec::codecForName("UTF-16")->fromUnicode(QString::fromLatin1(nested(5))) << true;
 }

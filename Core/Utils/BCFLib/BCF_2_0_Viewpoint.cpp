@@ -169,6 +169,10 @@ void Viewpoint::readComponents(QDomElement &root)
         earlier.isSuperseded =
             sorted[i - 1].head == sorted[i].head && earlier.guid == mentions[sorted[i].index].guid;
     }
+    // The earlier ones go first: what a host does on their end must not meet one that stands in no list yet.
+    for (const Mention &mention : mentions) {
+        delete _components.value(mention.guid);
+    }
     // Made in the order of the file, but entered in the order of guids, where each goes to the map's end.
     std::vector<Component *> made;
     made.reserve(mentions.size());
@@ -184,7 +188,6 @@ void Viewpoint::readComponents(QDomElement &root)
 
 Component *Viewpoint::readComponent(const QDomElement &element, const QString &guid)
 {
-    delete _components.value(guid);
     Component *component = new Component(guid, this);
     component->setSelected(readMark(element, QStringLiteral("Selected")));
     component->setVisible(readMark(element, QStringLiteral("Visible")));

@@ -1,5 +1,6 @@
 #include "Comment.h"
 
+#include "GuidHints.h"
 #include "DOMXml.h"
 #include "Topic.h"
 #include "VariantMap.h"
@@ -66,6 +67,7 @@ QString Comment::guid() const
 void Comment::setGuid(const QString &guid)
 {
     setObjectName(guid);
+    GuidHints::renamed(this);
 }
 
 QDateTime Comment::date() const

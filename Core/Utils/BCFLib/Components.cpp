@@ -9,6 +9,25 @@
 
 namespace BCFLib {
 
+namespace {
+
+QString guidOf(const QDomElement &component)
+{
+    return Xml::attribute(component, QStringLiteral("IfcGuid"));
+}
+
+bool namesComponent(const QDomElement &list)
+{
+    for (const QDomElement &child : Xml::childElements(list, QStringLiteral("Component"))) {
+        if (!guidOf(child).isEmpty()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 Components::Components(QObject *parent)
     : QObject(parent)
 {
@@ -65,9 +84,8 @@ void Components::addColoringComponents(const QColor &color, const QStringList &g
 
 void Components::addColoringComponents(const QColor &color, const QList<Component *> &list)
 {
-    const QString name = color.name();
-    deleteAll(_coloringComponents.take(name));
-    _coloringComponents.insert(name, list);
+    // The new list stands before the old components go, so that none is deleted unseen on that.
+    deleteAll(std::exchange(_coloringComponents[color.name()], list));
 }
 
 void Components::removeColoringComponents()
@@ -187,7 +205,7 @@ QList<Component *> Components::readComponentList(const QDomElement &element)
 {
     QList<Component *> list;
     for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
-        const QString guid = Xml::attribute(child, QStringLiteral("IfcGuid"));
+        const QString guid = guidOf(child);
         if (!guid.isEmpty()) {
             Component *component = new Component(guid, this);
             component->read(child);
@@ -200,19 +218,25 @@ QList<Component *> Components::readComponentList(const QDomElement &element)
 void Components::readColoring(const QDomElement &coloring)
 {
     const QString colorName = QStringLiteral("Color");
+    QList<QPair<QString, QDomElement>> groups;
+    QMap<QString, QDomElement> lastOfColor;
     for (const QDomElement &element : Xml::childElements(coloring, colorName)) {
-        if (!element.hasAttribute(colorName)) {
+        if (!element.hasAttribute(colorName) || !namesComponent(element)) {
             continue;
         }
         QString text = element.attribute(colorName);
         if (!text.startsWith(QLatin1Char('#'))) {
             text.prepend(QLatin1Char('#'));
         }
-        const QList<Component *> list = readComponentList(element);
-        if (!list.isEmpty()) {
-            QColor color;
-            color.setNamedColor(text);
-            addColoringComponents(color, list);
+        QColor color;
+        color.setNamedColor(text);
+        groups.append({color.name(), element});
+        lastOfColor.insert(color.name(), element);
+    }
+    // The last group of a colour replaces the others, which therefore are not made at all.
+    for (const auto &group : groups) {
+        if (lastOfColor.value(group.first) == group.second) {
+            addColoringComponents(QColor(group.first), readComponentList(group.second));
         }
     }
 }

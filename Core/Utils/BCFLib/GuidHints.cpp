@@ -1,5 +1,6 @@
 #include "GuidHints.h"
 
+#include <atomic>
 #include <utility>
 
 namespace BCFLib {
@@ -8,6 +9,9 @@ namespace {
 
 /// Fewer children than this are asked one by one as fast as a hint is found.
 constexpr int smallFamily = 32;
+
+/// How often any object has taken on a guid without a signal.
+std::atomic<unsigned> silentRenames{0};
 
 } // namespace
 
@@ -26,6 +30,13 @@ void GuidHints::familyChanged(const QChildEvent *event)
     }
 }
 
+void GuidHints::renamed(const QObject *object)
+{
+    if (object->signalsBlocked()) {
+        ++silentRenames;
+    }
+}
+
 QObject *GuidHints::hint(const QObject *owner, const QString &guid, const QMetaObject *type)
 {
     const QObjectList &children = owner->children();
@@ -33,9 +44,7 @@ QObject *GuidHints::hint(const QObject *owner, const QString &guid, const QMetaO
         stopWatching();
         return nullptr;
     }
-    if (children.size() != _familySize || _hints.size() > 2 * _familySize) {
-        // Not watched until now, or a host keeps the owner's events back; or most guids are those of the
-        // gone.
+    if (!knows(children)) {
         startWith(children);
     }
     for (const QPointer<QObject> &child : std::exchange(_newcomers, {})) {
@@ -46,9 +55,16 @@ QObject *GuidHints::hint(const QObject *owner, const QString &guid, const QMetaO
     return verifiedHint(owner, guid);
 }
 
+bool GuidHints::knows(const QObjectList &children) const
+{
+    // A host can keep the owner's events back. Where most guids are those of the gone, it is time to sweep.
+    return _familySize == children.size() && _silentRenames == silentRenames
+        && _hints.size() <= 2 * _familySize;
+}
+
 QObject *GuidHints::verifiedHint(const QObject *owner, const QString &guid) const
 {
-    QObject *child = _hints.value(guid);
+    QObject *child = _hints.value(guid).first;
     return child != nullptr && child->parent() == owner && child->objectName() == guid ? child : nullptr;
 }
 
@@ -57,6 +73,7 @@ void GuidHints::startWith(const QObjectList &children)
     _hints.clear();
     _newcomers = QList<QPointer<QObject>>(children.begin(), children.end());
     _familySize = children.size();
+    _silentRenames = silentRenames;
     _listener = std::make_unique<QObject>();
 }
 
@@ -70,17 +87,31 @@ void GuidHints::stopWatching()
 
 void GuidHints::takeIn(QObject *child)
 {
-    QPointer<QObject> &known = _hints[child->objectName()];
-    if (known.isNull()) {
-        known = child;
-    } else if (known != child) {
-        known = _listener.get();
+    Hint &hint = _hints[child->objectName()];
+    if (hint.first.isNull() && !hint.isShared) {
+        hint.first = child;
+    } else if (hint.first == child) {
+        // It was away, and stands behind others now.
+        hint = {nullptr, true};
+    } else {
+        hint.isShared = true;
     }
     // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
     QObject::disconnect(child, nullptr, _listener.get(), nullptr);
     QObject::connect(
         child, &QObject::objectNameChanged, _listener.get(),
-        [this](const QString &guid) { _hints[guid] = _listener.get(); }, Qt::DirectConnection);
+        [this](const QString &guid) {
+            _hints[guid] = {nullptr, true};
+        },
+        Qt::DirectConnection);
+}
+
+void GuidHints::remember(const QString &guid, QObject *child)
+{
+    const auto hint = _hints.find(guid);
+    if (hint != _hints.end()) {
+        hint->first = child;
+    }
 }
 
 } // namespace BCFLib

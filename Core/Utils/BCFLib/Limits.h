@@ -16,6 +16,10 @@ constexpr qint64 xmlBytes = 256LL * 1024 * 1024;
 /// 200 bytes for each. A viewpoint of 308,000 elements has two million.
 constexpr qint64 xmlNodes = 10LL * 1000 * 1000;
 
+/// Attributes of one element. The format has at most six; names can be chosen such that the document takes
+/// quadratic time over them.
+constexpr qint64 xmlAttributes = 256;
+
 /// Nesting of elements in one XML file. The format nests less than ten levels; documents are
 /// parsed in quadratic time and destroyed by recursion over their depth.
 constexpr int xmlDepth = 100;

@@ -42,10 +42,10 @@ bool usesListForm(const QString &version)
 
 /// The objects by guid; of several with one guid the first.
 template<class T>
-QHash<QString, T *> firstByGuid(const QList<T *> &objects)
+QMap<QString, T *> firstByGuid(const QList<T *> &objects)
 {
-    QHash<QString, T *> result;
-    result.reserve(objects.size());
+    // No hash: guids can be chosen such that all hash alike.
+    QMap<QString, T *> result;
     for (T *object : objects) {
         if (!result.contains(object->guid())) {
             result.insert(object->guid(), object);
@@ -95,6 +95,7 @@ QString Topic::guid() const
 void Topic::setGuid(const QString &guid)
 {
     setObjectName(guid);
+    GuidHints::renamed(this);
 }
 
 QString Topic::topicType() const
@@ -567,7 +568,7 @@ void Topic::readViewpoints(QDomDocument &doc, const QString &version)
 
 void Topic::readComments(QDomDocument &doc, const QString &version)
 {
-    const QHash<QString, Viewpoint *> viewpointByGuid = firstByGuid(viewpoints());
+    const QMap<QString, Viewpoint *> viewpointByGuid = firstByGuid(viewpoints());
     QHash<Comment *, QString> replies;
     bool mayDescribeTopic = BCFModel::isBCF_1_0(version);
     for (const QDomElement &element : Xml::childElements(doc.documentElement(), QStringLiteral("Comment"))) {
@@ -588,8 +589,8 @@ void Topic::readComments(QDomDocument &doc, const QString &version)
         comment->setTopic(this);
     }
     // A second pass, as a comment may answer one that stands later in the file.
-    const QHash<QString, Comment *> commentByGuid =
-        replies.isEmpty() ? QHash<QString, Comment *>() : firstByGuid(comments());
+    const QMap<QString, Comment *> commentByGuid =
+        replies.isEmpty() ? QMap<QString, Comment *>() : firstByGuid(comments());
     for (auto reply = replies.constBegin(); reply != replies.constEnd(); ++reply) {
         reply.key()->setReplyToComment(commentByGuid.value(reply.value()));
     }

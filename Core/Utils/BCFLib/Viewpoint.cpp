@@ -1,5 +1,6 @@
 #include "Viewpoint.h"
 
+#include "GuidHints.h"
 #include "Bitmap.h"
 #include "ClippingPlane.h"
 #include "Components.h"
@@ -172,6 +173,7 @@ QString Viewpoint::guid() const
 void Viewpoint::setGuid(const QString &guid)
 {
     setObjectName(guid);
+    GuidHints::renamed(this);
 }
 
 QString Viewpoint::viewpointFilename() const

@@ -2,6 +2,7 @@
 
 #include "Limits.h"
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QList>
 #include <QXmlInputSource>
@@ -124,7 +125,7 @@ private:
         }
         const bool isEmpty = _at != _end && _at - 1 != tag && _at[-1] == '/';
         _harmless = isEmpty ? _tally.node(1) : _tally.open();
-        _harmless = _harmless && _tally.node(attributes);
+        _harmless = _harmless && attributes <= Limits::xmlAttributes && _tally.node(attributes);
     }
 
     void scanDocumentType()
@@ -174,10 +175,19 @@ QByteArray decoded(const QByteArray &bytes)
 {
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
-    QXmlInputSource source;
-    source.setData(bytes);
+    QBuffer device;
+    device.setData(bytes);
+    // Character by character as the parser takes it: the source reads in blocks, and an encoding that is
+    // declared behind the first of them doesn't count.
+    QXmlInputSource source(&device);
+    QString text;
+    for (QChar c = source.next(); c != QXmlInputSource::EndOfDocument; c = source.next()) {
+        if (c != QXmlInputSource::EndOfData) {
+            text += c;
+        }
+    }
     QT_WARNING_POP
-    return source.data().toUtf8();
+    return text.toUtf8();
 }
 
 /// Whether an encoding of that name leaves ASCII as it is.
@@ -198,7 +208,11 @@ bool isPlain(const QByteArray &bytes)
     if (!head.startsWith("<?xml")) {
         return head.size() > 1 && head.at(0) == '<' && head.at(1) != '\0';
     }
-    const QByteArray declaration = head.left(head.indexOf('>')).replace('\'', '"');
+    const int end = head.indexOf('>');
+    if (end < 0) {
+        return false;
+    }
+    const QByteArray declaration = head.left(end).replace('\'', '"');
     if (!declaration.contains("encoding")) {
         return declaration.endsWith('?');
     }

@@ -1,11 +1,11 @@
 #include "ZipEntries.h"
 
-#include <QSet>
 #include <quazip/quazip.h>
 #include <quazip/quazipdir.h>
 #include <quazip/quazipfile.h>
 #include <quazip/quazipfileinfo.h>
 #include <quazip/quazipnewinfo.h>
+#include <set>
 #include <zlib.h>
 
 namespace BCFLib {
@@ -55,12 +55,12 @@ QString currentName(QuaZip *zip)
 QStringList ZipEntries::rootFolders(QuaZip *zip)
 {
     QStringList folders;
-    QSet<QString> known;
+    // No hash: names can be chosen such that all hash alike.
+    std::set<QString> known;
     for (bool more = zip->goToFirstFile(); more; more = zip->goToNextFile()) {
         const QString name = currentName(zip);
         const QString folder = name.left(name.indexOf(QLatin1Char('/')) + 1);
-        if (!folder.isEmpty() && !known.contains(folder)) {
-            known.insert(folder);
+        if (!folder.isEmpty() && known.insert(folder).second) {
             folders.append(folder);
         }
     }
