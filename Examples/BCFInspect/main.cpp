@@ -135,7 +135,10 @@ void useUtf8()
 /// An error text if the program was called wrongly. Ends the program for --help and --version.
 QString readCommandLine(QCommandLineParser &parser, Options &options)
 {
-    const QCommandLineOption help = parser.addHelpOption();
+    // Not the parser's own, which comes with one for the options that only programs with windows have.
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show the options and end."));
+    parser.addOption(help);
     const QCommandLineOption version = parser.addVersionOption();
     const QCommandLineOption json(
         QStringLiteral("json"),
