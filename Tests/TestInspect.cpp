@@ -1,5 +1,7 @@
 // Runs the built bcf-inspect on the sample archive.
 
+#include "TestArchive.h"
+
 #include <Core/Utils/BCFLib/BCFModel.h>
 #include <Core/Utils/BCFLib/Topic.h>
 
@@ -124,8 +126,12 @@ void TestInspect::save()
     QCOMPARE(inspect({"--save", saved, _sample}).status, 0);
     QCOMPARE(inspect({"--json", saved}).out, inspect({"--json", _sample}).out);
 
-    // What could not be loaded must not take the place of a good archive.
+    // What could not be loaded must not take the place of a good archive, nor must what was loaded in part.
     QCOMPARE(inspect({"--save", saved, _noArchive}).status, 1);
+    const QByteArray header = "<Header><File isExternal=\"false\"><Filename>a.txt</Filename></File></Header>";
+    TestArchive whole, torso;
+    inspect({whole.addTopic("", header).add("a.txt", "stays in the cache").write()});
+    QCOMPARE(inspect({"--save", saved, torso.addTopic("", header).write()}).status, 1);
     QCOMPARE(inspect({saved}).status, 0);
 }
 

@@ -102,6 +102,7 @@ private slots:
     void editsAreSavedAndLoadedAgain();
     void closingAsksForUnsavedEdits();
     void unusableArchive();
+    void archiveThatIsLoadedInPart();
     void droppedArchiveTakesThePlaceOfTheFirst();
     void closingDuringALoad();
     void badImagesAreNull();
@@ -210,6 +211,19 @@ void TestIssueBrowser::unusableArchive()
     Browser browser(file.fileName());
     QCOMPARE(browser.message(), QString("Error: Invalid bcf version for \"<i>.bcf\" file"));
     QVERIFY(!browser.centralWidget()->isEnabled());
+}
+
+void TestIssueBrowser::archiveThatIsLoadedInPart()
+{
+    const QByteArray header = "<Header><File isExternal=\"false\"><Filename>a.txt</Filename></File></Header>";
+    TestArchive whole;
+    TestArchive torso;
+    Browser browser(whole.addTopic("<Title>T</Title>", header).add("a.txt", "stays in the cache").write());
+    QVERIFY(browser.save(whole.path("saved.bcf")));
+    browser.openAndWait(torso.addTopic("<Title>T</Title>", header).write());
+    QCOMPARE(browser.topics()->rowCount(), 1);
+    QVERIFY(!browser.save(whole.path("saved.bcf")));
+    QVERIFY(!TestArchive::entry(whole.path("saved.bcf"), "a.txt").isEmpty());
 }
 
 void TestIssueBrowser::droppedArchiveTakesThePlaceOfTheFirst()

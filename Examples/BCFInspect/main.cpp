@@ -89,11 +89,12 @@ void printArchive(const BCFLib::BCFModel &model, const QString &path, const Verd
 }
 
 /// A save that fails leaves a broken file behind and the old one lost, so it goes to a file beside
-/// the wanted one, which takes the name only when it is complete.
+/// the wanted one, which takes the name only when it is complete. After a load that was broken off there
+/// is nothing complete to save.
 bool save(BCFLib::BCFModel &model, const QString &path)
 {
     const QString unfinished = path + QStringLiteral(".part");
-    if (!model.version() || !model.serialize(unfinished)) {
+    if (!model.version() || !model.errorString().isEmpty() || !model.serialize(unfinished)) {
         QFile::remove(unfinished);
         return false;
     }

@@ -9,6 +9,10 @@
 
 bool saveArchive(BCFLib::BCFModel &archive, const QString &path)
 {
+    // A load that was broken off has left something out, which must not get lost in the file too.
+    if (!archive.errorString().isEmpty()) {
+        return false;
+    }
     // A save writes straight at its path and leaves a torso when it fails. So it goes to a folder
     // beside the goal, on the same disk, and takes the name only when it is complete.
     const QFileInfo goal(path);

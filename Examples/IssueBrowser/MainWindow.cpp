@@ -234,7 +234,7 @@ void MainWindow::setLoading(bool isLoading)
     // An edit to the archive that is about to go would be lost.
     centralWidget()->setEnabled(!isLoading && _archive);
     _open->setEnabled(!isLoading);
-    _saveAs->setEnabled(!isLoading && _archive);
+    _saveAs->setEnabled(!isLoading && _archive && _archive->errorString().isEmpty());
     setAcceptDrops(!isLoading);
 }
 
