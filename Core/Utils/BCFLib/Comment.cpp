@@ -1,7 +1,7 @@
 #include "Comment.h"
 
-#include "GuidHints.h"
 #include "DOMXml.h"
+#include "GuidHints.h"
 #include "Topic.h"
 #include "VariantMap.h"
 #include "Viewpoint.h"

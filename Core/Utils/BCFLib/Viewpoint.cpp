@@ -1,10 +1,10 @@
 #include "Viewpoint.h"
 
-#include "GuidHints.h"
 #include "Bitmap.h"
 #include "ClippingPlane.h"
 #include "Components.h"
 #include "DOMXml.h"
+#include "GuidHints.h"
 #include "Line.h"
 #include "ObjectTree.h"
 #include "Topic.h"
