@@ -133,6 +133,7 @@ private slots:
     void treesEndure_data();
     void treesEndure();
     void deletedObjectsLeaveListsAndLinks();
+    void guidsTakenInSilence();
     void nullPointersAreRefused();
     void anyVariantIsTaken_data();
     void anyVariantIsTaken();
@@ -183,6 +184,23 @@ void TestCarelessHosts::treesEndure_data()
         connect(first<Comment>(model), &QObject::destroyed, topic, [topic] { topic->removeComments(); });
         topic->removeComments();
     });
+    QTest::newRow("a component that a file replaces takes all others along") << Deed([](BCFModel *model) {
+        Viewpoint *viewpoint = first<Viewpoint>(model);
+        connect(viewpoint->findChild<Component *>("b"), &QObject::destroyed, viewpoint,
+                [viewpoint] { qDeleteAll(viewpoint->findChildren<Component *>()); });
+        QBuffer file;
+        file.setData("<VisualizationInfo><Components><Component IfcGuid='0'/><Component "
+                     "IfcGuid='b'/></Components></VisualizationInfo>");
+        viewpoint->deserialize(&file);
+    });
+    QTest::newRow("a component whose colour is set anew takes all others along") << Deed([](BCFModel *model) {
+        Components *sets = first<Components>(model);
+        if (const Component *coloured = sets->findChild<Component *>("d")) {
+            connect(coloured, &QObject::destroyed, sets,
+                    [sets] { qDeleteAll(sets->findChildren<Component *>()); });
+        }
+        sets->addColoringComponents(Qt::red, QStringList("new"));
+    });
     QTest::newRow("a guid is emptied") << Deed([](BCFModel *model) {
         first<Topic>(model)->setGuid(QString());
         first<Viewpoint>(model)->setGuid(QString());
@@ -226,6 +244,20 @@ void TestCarelessHosts::deletedObjectsLeaveListsAndLinks()
     QCOMPARE(topic->comment("reply")->replyToComment(), nullptr);
     model->removeTopic("t");
     QCOMPARE(free.toQVariant().toMap().value("topic_guid").toString(), QString());
+}
+
+void TestCarelessHosts::guidsTakenInSilence()
+{
+    const QSharedPointer<BCFModel> model = fullModel("2.1");
+    Topic *topic = first<Topic>(model.data());
+    for (int i = 0; i < 40; ++i) {
+        topic->addComment(QString::number(i));
+    }
+    Comment *early = topic->comment("3");
+    QVERIFY(topic->comment("39") != early);
+    const QSignalBlocker blocker(early);
+    early->setGuid("39");
+    QCOMPARE(topic->comment("39"), early);
 }
 
 void TestCarelessHosts::nullPointersAreRefused()
