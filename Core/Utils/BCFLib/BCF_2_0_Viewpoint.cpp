@@ -9,6 +9,7 @@
 #include <log4cplus/loggingmacros.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace BCF_2_0_Lib {
@@ -50,12 +51,11 @@ QList<QVariantMap> namedForms(const QVariant &list)
     return forms;
 }
 
-/// An element of the file that names a component.
+/// A component as the file tells it, which is in no list yet.
 struct Mention
 {
-    QDomElement element;
+    std::unique_ptr<Component> component;
     QString guid;
-    bool isSuperseded = false;
 };
 
 /// Where a mention stands among the others.
@@ -73,18 +73,6 @@ struct SortKey
     quint64 head = 0;
     std::size_t index;
 };
-
-std::vector<Mention> readMentions(const QDomElement &components)
-{
-    std::vector<Mention> mentions;
-    for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
-        const QString guid = Xml::attribute(element, QStringLiteral("IfcGuid"));
-        if (!guid.isEmpty()) {
-            mentions.push_back({element, guid});
-        }
-    }
-    return mentions;
-}
 
 /// The mentions in the order of their guids, those of one guid in the order of the file.
 std::vector<SortKey> sortedByGuid(const std::vector<Mention> &mentions)
@@ -162,33 +150,44 @@ bool Viewpoint::holdsOnlyComponents() const
 
 void Viewpoint::readComponents(QDomElement &root)
 {
-    std::vector<Mention> mentions = readMentions(root.firstChildElement(QStringLiteral("Components")));
+    std::vector<Mention> mentions;
+    const QDomElement components = root.firstChildElement(QStringLiteral("Components"));
+    for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
+        const QString guid = Xml::attribute(element, QStringLiteral("IfcGuid"));
+        if (!guid.isEmpty()) {
+            mentions.push_back({readComponent(element, guid), guid});
+        }
+    }
     const std::vector<SortKey> sorted = sortedByGuid(mentions);
     for (std::size_t i = 1; i < sorted.size(); ++i) {
         Mention &earlier = mentions[sorted[i - 1].index];
-        earlier.isSuperseded =
-            sorted[i - 1].head == sorted[i].head && earlier.guid == mentions[sorted[i].index].guid;
+        if (sorted[i - 1].head == sorted[i].head && earlier.guid == mentions[sorted[i].index].guid) {
+            earlier.component.reset();
+        }
     }
-    // The earlier ones go first: what a host does on their end must not meet one that stands in no list yet.
+    // Those of earlier reads go first: what a host does on their end must not meet one that stands in no
+    // list yet.
     for (const Mention &mention : mentions) {
         delete _components.value(mention.guid);
     }
-    // Made in the order of the file, but entered in the order of guids, where each goes to the map's end.
-    std::vector<Component *> made;
-    made.reserve(mentions.size());
-    for (const Mention &mention : mentions) {
-        made.push_back(mention.isSuperseded ? nullptr : readComponent(mention.element, mention.guid));
-    }
+    // Entered in the order of guids, where each goes to the map's end; children in the order of the file.
     for (const SortKey &key : sorted) {
-        if (made[key.index] != nullptr) {
-            _components.insert(_components.constEnd(), mentions[key.index].guid, made[key.index]);
+        Component *component = mentions[key.index].component.get();
+        if (component != nullptr) {
+            component->_holder = this;
+            _components.insert(_components.constEnd(), mentions[key.index].guid, component);
+        }
+    }
+    for (Mention &mention : mentions) {
+        if (Component *component = mention.component.release()) {
+            component->setParent(this);
         }
     }
 }
 
-Component *Viewpoint::readComponent(const QDomElement &element, const QString &guid)
+std::unique_ptr<Component> Viewpoint::readComponent(const QDomElement &element, const QString &guid)
 {
-    Component *component = new Component(guid, this);
+    std::unique_ptr<Component> component(new Component(guid, nullptr));
     component->setSelected(readMark(element, QStringLiteral("Selected")));
     component->setVisible(readMark(element, QStringLiteral("Visible")));
     component->setColor(Xml::attribute(element, QStringLiteral("Color")));

@@ -7,6 +7,8 @@
 #include <QDomDocument>
 #include <QVariantMap>
 
+#include <vector>
+
 namespace BCFLib {
 
 namespace {
@@ -16,6 +18,7 @@ QString guidOf(const QDomElement &component)
     return Xml::attribute(component, QStringLiteral("IfcGuid"));
 }
 
+/// Whether there is a component in @p list to be read. What is passed before it names none.
 bool namesComponent(const QDomElement &list)
 {
     for (const QDomElement &child : Xml::childElements(list, QStringLiteral("Component"))) {
@@ -217,8 +220,14 @@ QList<Component *> Components::readComponentList(const QDomElement &element)
 
 void Components::readColoring(const QDomElement &coloring)
 {
+    struct Group
+    {
+        QColor color;
+        QString name;
+        QDomElement element;
+    };
     const QString colorName = QStringLiteral("Color");
-    QList<QPair<QString, QDomElement>> groups;
+    std::vector<Group> groups;
     QMap<QString, QDomElement> lastOfColor;
     for (const QDomElement &element : Xml::childElements(coloring, colorName)) {
         if (!element.hasAttribute(colorName) || !namesComponent(element)) {
@@ -230,13 +239,13 @@ void Components::readColoring(const QDomElement &coloring)
         }
         QColor color;
         color.setNamedColor(text);
-        groups.append({color.name(), element});
-        lastOfColor.insert(color.name(), element);
+        groups.push_back({color, color.name(), element});
+        lastOfColor.insert(groups.back().name, element);
     }
     // The last group of a colour replaces the others, which therefore are not made at all.
-    for (const auto &group : groups) {
-        if (lastOfColor.value(group.first) == group.second) {
-            addColoringComponents(QColor(group.first), readComponentList(group.second));
+    for (const Group &group : groups) {
+        if (lastOfColor.value(group.name) == group.element) {
+            addColoringComponents(group.color, readComponentList(group.element));
         }
     }
 }

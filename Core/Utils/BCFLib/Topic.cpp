@@ -29,6 +29,17 @@ namespace BCFLib {
 
 namespace {
 
+/// The elements of a markup file of which there may be many.
+QStringList numerousElements()
+{
+    return {QStringLiteral("Comment"),
+            QStringLiteral("Header/File"),
+            QStringLiteral("Topic/Labels"),
+            QStringLiteral("Topic/DocumentReference"),
+            QStringLiteral("Topic/RelatedTopics"),
+            QStringLiteral("Viewpoints")};
+}
+
 QString guidOrNewId(const QString &guid)
 {
     return guid.isEmpty() ? Tavrin::NewId() : guid;
@@ -458,7 +469,7 @@ void Topic::fillMissingFields()
 Topic *Topic::Deserialize(QIODevice *device, QStringList &files, const QString &version)
 {
     QDomDocument doc(QStringLiteral("markup.xml"));
-    if (device == nullptr || !XmlFile::read(device, &doc)) {
+    if (device == nullptr || !XmlFile::read(device, &doc, numerousElements())) {
         return nullptr;
     }
     std::unique_ptr<Topic> topic(new Topic(QString(), QString(), QDateTime(), QString(), nullptr));

@@ -27,6 +27,18 @@ namespace {
 constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
 
+/// The elements of a viewpoint file of which there may be many, in either form of the references.
+QStringList numerousElements()
+{
+    return {QStringLiteral("Bitmaps"),
+            QStringLiteral("ClippingPlanes/ClippingPlane"),
+            QStringLiteral("Components/Component"),
+            QStringLiteral("Components/Coloring/Color/Component"),
+            QStringLiteral("Components/Selection/Component"),
+            QStringLiteral("Components/Visibility/Exceptions/Component"),
+            QStringLiteral("Lines/Line")};
+}
+
 /// Stores the number that the child of that name holds; 0 if it is no number. False if there is none.
 bool readNumberElement(const QDomElement &parent, const QString &name, double *value)
 {
@@ -342,7 +354,7 @@ bool Viewpoint::isValid() const
 void Viewpoint::deserialize(QIODevice *device)
 {
     QDomDocument document;
-    if (device == nullptr || !XmlFile::read(device, &document)) {
+    if (device == nullptr || !XmlFile::read(device, &document, numerousElements())) {
         return;
     }
     QDomElement root = document.firstChildElement(QStringLiteral("VisualizationInfo"));

@@ -1,10 +1,13 @@
 #ifndef BCFLIB_XMLELEMENTS_H
 #define BCFLIB_XMLELEMENTS_H
 
+#include "PackedElements.h"
 #include "StoredDate.h"
 
 #include <QDomElement>
 #include <QString>
+
+#include <optional>
 
 namespace BCFLib {
 
@@ -15,11 +18,14 @@ namespace BCFLib {
 namespace Xml {
 
 /// All children of @p parent of that name, in file order, for a range-based for.
+///
+/// Elements that are packed are there for the loop only, and once: a run that the loop is through with
+/// leaves the document, so that its memory serves for what was read of it.
 class ChildElements
 {
 public:
     ChildElements(const QDomElement &parent, const QString &name)
-        : _first(parent.firstChildElement(name))
+        : _parent(parent)
         , _name(name)
     {
     }
@@ -27,29 +33,29 @@ public:
     class Iterator
     {
     public:
-        Iterator(const QDomElement &element, const QString *name)
-            : _element(element)
-            , _name(name)
-        {
-        }
+        Iterator() = default;
+        Iterator(const QDomNode &firstChild, const QString &name);
+
         const QDomElement &operator*() const { return _element; }
-        Iterator &operator++()
-        {
-            _element = _element.nextSiblingElement(*_name);
-            return *this;
-        }
+        Iterator &operator++();
         bool operator!=(const Iterator &other) const { return _element != other._element; }
 
     private:
+        /// Goes to the first element in @p node and the siblings behind it.
+        void find(const QDomNode &node);
+
+        QString _name;
+        /// The child that the element is or is packed in.
+        QDomNode _node;
+        std::optional<PackedElements::Unpacker> _run;
         QDomElement _element;
-        const QString *_name;
     };
 
-    Iterator begin() const { return {_first, &_name}; }
-    Iterator end() const { return {QDomElement(), &_name}; }
+    Iterator begin() const { return {_parent.firstChild(), _name}; }
+    Iterator end() const { return {}; }
 
 private:
-    QDomElement _first;
+    QDomElement _parent;
     QString _name;
 };
 

@@ -1,7 +1,6 @@
 #include "XmlFile.h"
 
-#include "BoundedReading.h"
-#include "Limits.h"
+#include "PackingReader.h"
 #include "XmlGuard.h"
 
 #include <QDomDocument>
@@ -135,18 +134,17 @@ private:
 
 } // namespace
 
-bool XmlFile::read(QIODevice *device, QDomDocument *document)
+bool XmlFile::read(QIODevice *device, QDomDocument *document, const QStringList &packedElements)
 {
     if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
         return false;
     }
-    QByteArray bytes;
-    // A stream that breaks off may have brought a whole document all the same.
-    if (readToEnd(device, Limits::xmlBytes, &bytes) == ReadOutcome::TooLarge
-        || !XmlGuard::isHarmless(bytes)) {
-        return false;
-    }
-    return document->setContent(bytes);
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    GuardedSource source(device);
+    PackingReader reader(document, packedElements);
+    return document->setContent(&source, &reader) && source.isHarmless();
+    QT_WARNING_POP
 }
 
 void XmlFile::write(const QDomDocument &document, QIODevice *device)
