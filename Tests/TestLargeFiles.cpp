@@ -1,0 +1,237 @@
+#include "TestArchive.h"
+
+#include <Comment.h>
+#include <Topic.h>
+
+#include <QFile>
+#include <QSet>
+#include <QTest>
+#include <functional>
+#include <malloc.h>
+#include <new>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace BCFLib;
+
+namespace {
+
+/// What comes of some work in a process that may take only so much more memory.
+int outcomeWithin(qint64 kilobytes, const std::function<int()> &work)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        QFile statm("/proc/self/statm");
+        statm.open(QIODevice::ReadOnly);
+        const qint64 pages = statm.readAll().split(' ').value(5).toLongLong();
+        const auto bytes = static_cast<rlim_t>(pages * sysconf(_SC_PAGESIZE) + kilobytes * 1024);
+        const rlimit limit{bytes, bytes};
+        setrlimit(RLIMIT_DATA, &limit);
+        try {
+            _exit(work());
+        } catch (const std::bad_alloc &) {
+            _exit(3);
+        }
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// A file in which an element of that path, as in "Markup/Topic", holds this.
+QByteArray fileWith(const QByteArray &path, const QByteArray &inside)
+{
+    QByteArray file = inside;
+    const QList<QByteArray> names = path.split('/');
+    for (auto name = names.rbegin(); name != names.rend(); ++name) {
+        file = '<' + *name + '>' + file + "</" + *name + '>';
+    }
+    return file;
+}
+
+/// An element for each number of five digits from 10000 on, which %1 stands for.
+QByteArray numbered(const QByteArray &element, int count, const QByteArray &afterEachTenth = QByteArray())
+{
+    QByteArray text;
+    for (int i = 0; i < count; ++i) {
+        text += QByteArray(element).replace("%1", QByteArray::number(10000 + i));
+        text += i % 10 == 0 ? afterEachTenth : QByteArray();
+    }
+    return text;
+}
+
+/// Adds a markup file or, to a topic with a viewpoint, a viewpoint file.
+void addFile(TestArchive *archive, const QByteArray &file)
+{
+    if (file.startsWith("<Markup>")) {
+        archive->add("t/markup.bcf", file);
+    } else {
+        archive->addTopic("", "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>");
+        archive->add("t/v.bcfv", file);
+    }
+}
+
+} // namespace
+
+/// What a load does with files that hold more of a kind than others do, and with the memory for it.
+class TestLargeFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    // These first, as what others have freed would serve in place of new memory.
+    void memoryEnds();
+    void memoryIsThatOfTheTree_data();
+    void memoryIsThatOfTheTree();
+    void manyElements_data();
+    void manyElements();
+};
+
+void TestLargeFiles::initTestCase()
+{
+    // Large blocks go back to the system at once, not to the loads that are measured.
+    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+}
+
+void TestLargeFiles::memoryEnds()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizers end the process where memory ends");
+#endif
+    const TestArchive archive;
+    const QSharedPointer<BCFModel> model = BCFModel::Create(nullptr);
+    for (int i = 0; i < 100; ++i) {
+        Topic *topic = model->addTopic("T", "A", QDateTime(QDate(2024, 1, 1), QTime(), Qt::UTC), QString());
+        topic->addComment("c")->setComment(QString(1000 * i, 'c'));
+    }
+    const auto save = [&] { return model->serialize(archive.path("saved.bcf")) ? 0 : 1; };
+    const auto load = [&] {
+        const QSharedPointer<BCFModel> loaded = TestArchive::load(archive.path());
+        return loaded->topics().size() == 100 ? 0 : loaded->errorString().isEmpty() ? 2 : 1;
+    };
+    QSet<int> outcomes[2];
+    for (qint64 kilobytes = 64; kilobytes < 200000; kilobytes += kilobytes / 4) {
+        outcomes[0].insert(outcomeWithin(kilobytes, save));
+    }
+    QVERIFY(model->serialize(archive.path()));
+    for (qint64 kilobytes = 64; kilobytes < 200000; kilobytes += kilobytes / 4) {
+        outcomes[1].insert(outcomeWithin(kilobytes, load));
+    }
+    QCOMPARE(outcomes[0], QSet<int>({0, 1}));
+    QCOMPARE(outcomes[1], QSet<int>({0, 1}));
+}
+
+namespace {
+
+const QByteArray point = "<X>%1</X><Y>-2.0000000000000001e-01</Y><Z>3</Z>";
+const QByteArray line =
+    "<Line><StartPoint>" + point + "</StartPoint><EndPoint>" + point + "</EndPoint></Line>";
+const QByteArray element = "<Component IfcGuid='0123456789abcdefg%1'><OriginatingSystem>s</OriginatingSystem>"
+                           "<AuthoringToolId>%1</AuthoringToolId></Component>";
+
+} // namespace
+
+void TestLargeFiles::memoryIsThatOfTheTree_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("path");
+    QTest::addColumn<QByteArray>("element");
+    QTest::addColumn<int>("bytes");
+
+    QTest::newRow("sets") << "2.1" << QByteArray("VisualizationInfo/Components/Selection") << element << 420;
+    QTest::newRow("list") << "2.0" << QByteArray("VisualizationInfo/Components") << element << 500;
+    QTest::newRow("lines") << "2.1" << QByteArray("VisualizationInfo/Lines") << line << 190;
+    QTest::newRow("comments") << "2.1" << QByteArray("Markup")
+                              << QByteArray(
+                                     "<Comment Guid='%1'><Author>a</Author><Comment>c</Comment></Comment>")
+                              << 600;
+}
+
+void TestLargeFiles::memoryIsThatOfTheTree()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizers take memory of their own");
+#endif
+    QFETCH(QString, version);
+    QFETCH(QByteArray, path);
+    QFETCH(QByteArray, element);
+    QFETCH(int, bytes);
+
+    constexpr int count = 50000;
+    TestArchive archive(version);
+    addFile(&archive, fileWith(path, numbered(element, count)));
+    const QString name = archive.write();
+    const qint64 tree = qint64(bytes) * count / 1024;
+    const auto load = [&name] { return TestArchive::load(name)->errorString().isEmpty() ? 0 : 1; };
+    QCOMPARE(outcomeWithin(1024 + tree + tree / 4, load), 0);
+}
+
+void TestLargeFiles::manyElements_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("path");
+    QTest::addColumn<QByteArray>("element");
+    QTest::addColumn<QByteArray>("className");
+    QTest::addColumn<QString>("properties");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *name, const char *path, const QByteArray &element, const char *className,
+                        const char *properties, const QString &expected, const char *version = "2.1") {
+        QTest::newRow(name) << QString(version) << QByteArray(path) << element << QByteArray(className)
+                            << QString(properties) << expected;
+    };
+    const QByteArray named = "<Component IfcGuid='%1&#xe9;&#x20ac;' Color='%1'><OriginatingSystem>s%1&amp;"
+                             "</OriginatingSystem><AuthoringToolId><?p?>x</AuthoringToolId></Component>"
+                             "<Component Selected='true'/>";
+    const char *const references = "objectName _originatingSystem _authoringToolId";
+    const char *const expected = u8"%1\u00e9\u20ac|s%1&|";
+    row("selected elements", "VisualizationInfo/Components/Selection", named, "BCFLib::Component", references,
+        expected);
+    row("exceptions", "VisualizationInfo/Components/Visibility/Exceptions", named, "BCFLib::Component",
+        references, expected);
+    row("elements in a list", "VisualizationInfo/Components", named, "BCFLib::Component", references,
+        expected, "2.0");
+    row("lines", "VisualizationInfo/Lines", line + "<Line/>", "BCFLib::Line", "_startPoint", "%1 -0.2 3");
+    row("bitmaps", "VisualizationInfo",
+        "<Bitmaps><Bitmap>PNG</Bitmap><Reference><![CDATA[<%1]]>]]</Reference><Location>" + point
+            + "</Location><Normal>" + point + "</Normal><Up>" + point + "</Up><Height>1</Height></Bitmaps>",
+        "BCFLib::Bitmap", "_reference", "<%1");
+    row("comments", "Markup",
+        "<Comment Guid='%1'><Comment>a<b>%1</b><Comment/><![CDATA[&]]></Comment></Comment>",
+        "BCFLib::Comment", "objectName _comment", "%1|a%1&");
+    row("files", "Markup/Header", "<File><Filename>%1</Filename></File>", "BCFLib::File", "_filename", "%1");
+    row("links between topics", "Markup/Topic", "<Labels>%1</Labels><RelatedTopics Guid='%1'/>",
+        "BCFLib::RelatedTopic", "_guid", "%1");
+}
+
+void TestLargeFiles::manyElements()
+{
+    QFETCH(QString, version);
+    QFETCH(QByteArray, path);
+    QFETCH(QByteArray, element);
+    QFETCH(QByteArray, className);
+    QFETCH(QString, properties);
+    QFETCH(QString, expected);
+
+    const int count = 1500;
+    const QByteArray others =
+        "text<!-- --><?Component x?><?Line?>&nothing;<Other a='&nothing;'>" + element + "</Other>";
+    const QByteArray file = fileWith(path, numbered(element, count, others));
+    TestArchive archive(version);
+    addFile(&archive, file);
+    QStringList all;
+    for (int i = 0; i < count; ++i) {
+        all.append(QString(expected).replace("%1", QString::number(10000 + i)));
+    }
+    QCOMPARE(tellAll(archive.load().data(), className, properties), all);
+
+    TestArchive malformed(version);
+    addFile(&malformed, file.chopped(1));
+    QCOMPARE(tellAll(malformed.load().data(), className, properties), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestLargeFiles)
+
+#include "TestLargeFiles.moc"
