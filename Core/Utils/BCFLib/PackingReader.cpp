@@ -1,8 +1,13 @@
 #include "PackingReader.h"
 
+#include "PackedElements.h"
+
 #include <QDomDocument>
+#include <QString>
+#include <QXmlDefaultHandler>
 
 #include <algorithm>
+#include <vector>
 
 QT_WARNING_DISABLE_DEPRECATED
 
@@ -19,7 +24,68 @@ constexpr int largeRun = 16 * 1024;
 
 } // namespace
 
-PackingHandler::PackingHandler(QDomDocument *document, const QStringList &packedElements)
+/// Stands between a parser and a document that is built, and packs the elements of which there may be many.
+///
+/// Where runs have to go is looked up in the document as far as it is built.
+class PackingReader::Handler : public QXmlDefaultHandler
+{
+public:
+    /// Elements are named by their path below the root, as in "Lines/Line".
+    Handler(QDomDocument *document, const QStringList &packedElements);
+
+    void setBuilder(QXmlContentHandler *builder);
+    void setBuilder(QXmlLexicalHandler *builder);
+
+    void setDocumentLocator(QXmlLocator *locator) override;
+    bool startDocument() override;
+    bool endDocument() override;
+    bool startElement(const QString &namespaceUri, const QString &localName, const QString &name,
+                      const QXmlAttributes &attributes) override;
+    bool endElement(const QString &namespaceUri, const QString &localName, const QString &name) override;
+    bool characters(const QString &text) override;
+    bool processingInstruction(const QString &target, const QString &data) override;
+    bool skippedEntity(const QString &name) override;
+    QString errorString() const override;
+
+    bool startDTD(const QString &name, const QString &publicId, const QString &systemId) override;
+    bool endDTD() override;
+    bool startEntity(const QString &name) override;
+    bool endEntity(const QString &name) override;
+    bool startCDATA() override;
+    bool endCDATA() override;
+    bool comment(const QString &text) override;
+
+private:
+    /// An element that has begun in the document, as a place among the paths of the packed elements.
+    struct Level
+    {
+        /// The paths that begin with its own: from the first on, up to the last that isn't one any more.
+        int first;
+        int last;
+        /// The length of its path.
+        int length;
+        /// How many children that may be packed it has so far.
+        int listedChildren;
+    };
+
+    bool isPacking() const;
+    /// The level of an element of that name in the one that has begun last.
+    Level levelOf(const QString &name) const;
+    /// Whether an element on that level may be packed.
+    bool isListed(const Level &level) const;
+    void finishRun();
+
+    QDomDocument *_document;
+    /// Paths in sorted order, with a slash behind each name.
+    QStringList _packedElements;
+    QXmlContentHandler *_content = nullptr;
+    QXmlLexicalHandler *_lexical = nullptr;
+    std::vector<Level> _levels;
+    PackedElements::Packer _packer;
+    int _packedDepth = 0;
+};
+
+PackingReader::Handler::Handler(QDomDocument *document, const QStringList &packedElements)
     : _document(document)
     , _packedElements(packedElements)
 {
@@ -29,22 +95,22 @@ PackingHandler::PackingHandler(QDomDocument *document, const QStringList &packed
     std::sort(_packedElements.begin(), _packedElements.end());
 }
 
-void PackingHandler::setBuilder(QXmlContentHandler *builder)
+void PackingReader::Handler::setBuilder(QXmlContentHandler *builder)
 {
     _content = builder;
 }
 
-void PackingHandler::setBuilder(QXmlLexicalHandler *builder)
+void PackingReader::Handler::setBuilder(QXmlLexicalHandler *builder)
 {
     _lexical = builder;
 }
 
-bool PackingHandler::isPacking() const
+bool PackingReader::Handler::isPacking() const
 {
     return _packedDepth > 0;
 }
 
-PackingHandler::Level PackingHandler::level(const QString &name) const
+PackingReader::Handler::Level PackingReader::Handler::levelOf(const QString &name) const
 {
     if (_levels.empty()) {
         return {0, _packedElements.size(), 0, 0};
@@ -67,13 +133,12 @@ PackingHandler::Level PackingHandler::level(const QString &name) const
     return {first, last, length, 0};
 }
 
-bool PackingHandler::isOneOfMany(const Level &level)
+bool PackingReader::Handler::isListed(const Level &level) const
 {
-    const bool isListed = level.first != level.last && _packedElements.at(level.first).size() == level.length;
-    return isListed && ++_levels.back().listedChildren > few;
+    return level.first != level.last && _packedElements.at(level.first).size() == level.length;
 }
 
-void PackingHandler::finishRun()
+void PackingReader::Handler::finishRun()
 {
     if (_packer.size() == 0) {
         return;
@@ -86,32 +151,32 @@ void PackingHandler::finishRun()
     parent.appendChild(_packer.takeRun(_document));
 }
 
-void PackingHandler::setDocumentLocator(QXmlLocator *locator)
+void PackingReader::Handler::setDocumentLocator(QXmlLocator *locator)
 {
     _content->setDocumentLocator(locator);
 }
 
-bool PackingHandler::startDocument()
+bool PackingReader::Handler::startDocument()
 {
     return _content->startDocument();
 }
 
-bool PackingHandler::endDocument()
+bool PackingReader::Handler::endDocument()
 {
     return _content->endDocument();
 }
 
-bool PackingHandler::startElement(const QString &namespaceUri, const QString &localName, const QString &name,
-                                  const QXmlAttributes &attributes)
+bool PackingReader::Handler::startElement(const QString &namespaceUri, const QString &localName,
+                                          const QString &name, const QXmlAttributes &attributes)
 {
     if (!isPacking()) {
-        const Level newLevel = level(name);
-        const bool isPacked = isOneOfMany(newLevel);
+        const Level level = levelOf(name);
+        const bool isPacked = isListed(level) && ++_levels.back().listedChildren > few;
         if (!isPacked || name != _packer.name() || _packer.size() >= largeRun) {
             finishRun();
         }
         if (!isPacked) {
-            _levels.push_back(newLevel);
+            _levels.push_back(level);
             return _content->startElement(namespaceUri, localName, name, attributes);
         }
     }
@@ -120,7 +185,8 @@ bool PackingHandler::startElement(const QString &namespaceUri, const QString &lo
     return true;
 }
 
-bool PackingHandler::endElement(const QString &namespaceUri, const QString &localName, const QString &name)
+bool PackingReader::Handler::endElement(const QString &namespaceUri, const QString &localName,
+                                        const QString &name)
 {
     if (isPacking()) {
         --_packedDepth;
@@ -132,7 +198,7 @@ bool PackingHandler::endElement(const QString &namespaceUri, const QString &loca
     return _content->endElement(namespaceUri, localName, name);
 }
 
-bool PackingHandler::characters(const QString &text)
+bool PackingReader::Handler::characters(const QString &text)
 {
     if (isPacking()) {
         _packer.addText(text);
@@ -141,7 +207,7 @@ bool PackingHandler::characters(const QString &text)
     return _content->characters(text);
 }
 
-bool PackingHandler::processingInstruction(const QString &target, const QString &data)
+bool PackingReader::Handler::processingInstruction(const QString &target, const QString &data)
 {
     if (isPacking()) {
         _packer.addOtherNode();
@@ -150,7 +216,7 @@ bool PackingHandler::processingInstruction(const QString &target, const QString 
     return _content->processingInstruction(target, data);
 }
 
-bool PackingHandler::skippedEntity(const QString &name)
+bool PackingReader::Handler::skippedEntity(const QString &name)
 {
     if (isPacking()) {
         _packer.addOtherNode();
@@ -159,42 +225,42 @@ bool PackingHandler::skippedEntity(const QString &name)
     return _content->skippedEntity(name);
 }
 
-QString PackingHandler::errorString() const
+QString PackingReader::Handler::errorString() const
 {
     return _content->errorString();
 }
 
-bool PackingHandler::startDTD(const QString &name, const QString &publicId, const QString &systemId)
+bool PackingReader::Handler::startDTD(const QString &name, const QString &publicId, const QString &systemId)
 {
     return _lexical->startDTD(name, publicId, systemId);
 }
 
-bool PackingHandler::endDTD()
+bool PackingReader::Handler::endDTD()
 {
     return _lexical->endDTD();
 }
 
-bool PackingHandler::startEntity(const QString &name)
+bool PackingReader::Handler::startEntity(const QString &name)
 {
     return _lexical->startEntity(name);
 }
 
-bool PackingHandler::endEntity(const QString &name)
+bool PackingReader::Handler::endEntity(const QString &name)
 {
     return _lexical->endEntity(name);
 }
 
-bool PackingHandler::startCDATA()
+bool PackingReader::Handler::startCDATA()
 {
     return isPacking() || _lexical->startCDATA();
 }
 
-bool PackingHandler::endCDATA()
+bool PackingReader::Handler::endCDATA()
 {
     return isPacking() || _lexical->endCDATA();
 }
 
-bool PackingHandler::comment(const QString &text)
+bool PackingReader::Handler::comment(const QString &text)
 {
     if (isPacking()) {
         _packer.addOtherNode();
@@ -204,7 +270,7 @@ bool PackingHandler::comment(const QString &text)
 }
 
 PackingReader::PackingReader(QDomDocument *document, const QStringList &packedElements)
-    : _handler(document, packedElements)
+    : _handler(std::make_unique<Handler>(document, packedElements))
 {
     // As QDomDocument sets up its own: without namespaces and without the blanks between elements.
     setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
@@ -212,16 +278,18 @@ PackingReader::PackingReader(QDomDocument *document, const QStringList &packedEl
     setFeature(QStringLiteral("http://trolltech.com/xml/features/report-whitespace-only-CharData"), false);
 }
 
+PackingReader::~PackingReader() = default;
+
 void PackingReader::setContentHandler(QXmlContentHandler *handler)
 {
-    _handler.setBuilder(handler);
-    QXmlSimpleReader::setContentHandler(&_handler);
+    _handler->setBuilder(handler);
+    QXmlSimpleReader::setContentHandler(_handler.get());
 }
 
 void PackingReader::setLexicalHandler(QXmlLexicalHandler *handler)
 {
-    _handler.setBuilder(handler);
-    QXmlSimpleReader::setLexicalHandler(&_handler);
+    _handler->setBuilder(handler);
+    QXmlSimpleReader::setLexicalHandler(_handler.get());
 }
 
 } // namespace BCFLib

@@ -1,7 +1,7 @@
 #include "XmlFile.h"
 
+#include "GuardedSource.h"
 #include "PackingReader.h"
-#include "XmlGuard.h"
 
 #include <QDomDocument>
 #include <QIODevice>

@@ -2,12 +2,9 @@
 #define BCFLIB_XMLGUARD_H
 
 #include <QString>
-#include <QXmlInputSource>
 #include <QtGlobal>
 
 #include <string>
-
-class QIODevice;
 
 namespace BCFLib {
 
@@ -66,31 +63,6 @@ private:
     int _depth = 0;
     qint64 _nodes = 0;
 };
-
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_DEPRECATED
-
-/// An open device as the source of a parser, which comes to an end where the file turns out harmful.
-///
-/// A stream that breaks off may have brought a whole document all the same.
-class GuardedSource : public QXmlInputSource
-{
-public:
-    explicit GuardedSource(QIODevice *device);
-
-    /// Whether all that was read so far was harmless.
-    bool isHarmless() const;
-
-    void fetchData() override;
-
-private:
-    QIODevice *_device;
-    XmlGuard _guard;
-    qint64 _bytes = 0;
-    bool _isHarmless = true;
-};
-
-QT_WARNING_POP
 
 } // namespace BCFLib
 
