@@ -117,7 +117,7 @@ Unpacker::Unpacker(const QDomNode &run)
     : _document(run.ownerDocument())
     , _data(run.nodeValue())
     , _at(reinterpret_cast<const char *>(_data.constData()))
-    , _end(_at + 2 * _data.size())
+    , _end(reinterpret_cast<const char *>(_data.constData() + _data.size()))
 {
 }
 
@@ -175,9 +175,10 @@ QString Unpacker::string()
         _at += length;
         return QString::fromLatin1(text, length);
     }
-    _at += 2 * length;
     QString wide(length, Qt::Uninitialized);
-    std::memcpy(wide.data(), text, 2 * static_cast<size_t>(length));
+    const size_t bytes = 2 * static_cast<size_t>(length);
+    std::memcpy(wide.data(), text, bytes);
+    _at += bytes;
     return wide;
 }
 
