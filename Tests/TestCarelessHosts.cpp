@@ -134,6 +134,7 @@ private slots:
     void treesEndure();
     void deletedObjectsLeaveListsAndLinks();
     void guidsTakenInSilence();
+    void siblingsThatGoDuringARead();
     void nullPointersAreRefused();
     void anyVariantIsTaken_data();
     void anyVariantIsTaken();
@@ -258,6 +259,32 @@ void TestCarelessHosts::guidsTakenInSilence()
     const QSignalBlocker blocker(early);
     early->setGuid("39");
     QCOMPARE(topic->comment("39"), early);
+}
+
+void TestCarelessHosts::siblingsThatGoDuringARead()
+{
+    class Filter : public QObject
+    {
+    public:
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            const auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(watched);
+            if (event->type() == QEvent::ChildAdded) {
+                qDeleteAll(list->components());
+            }
+            return false;
+        }
+    };
+    BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
+    viewpoint.addComponent("old");
+    Filter filter;
+    viewpoint.installEventFilter(&filter);
+    QBuffer device;
+    device.setData("<VisualizationInfo><Components><Component IfcGuid='a'/><Component IfcGuid='b'/>"
+                   "<Component IfcGuid='old'/></Components></VisualizationInfo>");
+    viewpoint.deserialize(&device);
+    QCOMPARE(viewpoint.components().size(), 1);
+    QCOMPARE(viewpoint.components().first()->guid(), QString("old"));
 }
 
 void TestCarelessHosts::nullPointersAreRefused()

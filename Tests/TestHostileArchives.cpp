@@ -221,8 +221,14 @@ void TestHostileArchives::xmlFiles_data()
     QTest::newRow("as deep as may be") << nested(99) << true;
     QTest::newRow("one deeper") << nested(100) << false;
     QTest::newRow("ten million deep") << nested(10000000) << false;
-    QTest::newRow("ten million references to nothing")
-        << nested(1).replace("</a>", QByteArray("&e;").repeated(10000000) + "</a>") << false;
+    // In an element that is packed, where they take little memory.
+    const auto inLine = [](const QByteArray &inside) {
+        const QByteArray others = QByteArray("<Line/>").repeated(500);
+        return nested(1).replace("</Lines>", others + "<Line>" + inside + "</Line></Lines>");
+    };
+    const QByteArray references = QByteArray("&e;").repeated(10000000);
+    QTest::newRow("ten million references to nothing") << inLine(references) << false;
+    QTest::newRow("as many in an attribute") << inLine("<a b='" + references + "'/>") << false;
 
     const auto addDocumentType = [](const char *name, const QByteArray &type, bool isRead) {
         QTest::newRow(name) << nested(1, "<!DOCTYPE a " + type + ">").replace("</a>", "&e;</a>") << isRead;

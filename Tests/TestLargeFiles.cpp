@@ -1,8 +1,11 @@
 #include "TestArchive.h"
 
+#include <BCF_2_0_Viewpoint.h>
 #include <Comment.h>
 #include <Topic.h>
 
+#include <QBuffer>
+#include <QDomDocument>
 #include <QFile>
 #include <QSet>
 #include <QTest>
@@ -87,6 +90,8 @@ private slots:
     void memoryIsThatOfTheTree();
     void manyElements_data();
     void manyElements();
+    void hostsThatLookIntoDocuments();
+    void documentsThatRefuseNames();
 };
 
 void TestLargeFiles::initTestCase()
@@ -230,6 +235,59 @@ void TestLargeFiles::manyElements()
     TestArchive malformed(version);
     addFile(&malformed, file.chopped(1));
     QCOMPARE(tellAll(malformed.load().data(), className, properties), QStringList());
+}
+
+namespace {
+
+/// A viewpoint that counts the elements of a file and reads others.
+class HostViewpoint : public BCF_2_0_Lib::Viewpoint
+{
+public:
+    using BCF_2_0_Lib::Viewpoint::Viewpoint;
+
+    int elements = 0;
+
+protected:
+    void readComponents(QDomElement &root) override
+    {
+        elements = root.firstChildElement("Components").childNodes().size();
+        QDomDocument other;
+        other.setContent(
+            QByteArray("<a><Components><?Component x?><Component IfcGuid='a'/></Components></a>"));
+        QDomDocument copy;
+        QDomElement otherRoot = copy.importNode(other.documentElement(), true).toElement();
+        BCF_2_0_Lib::Viewpoint::readComponents(otherRoot);
+    }
+};
+
+void deserialize(BCFLib::Viewpoint *viewpoint, const QByteArray &inside)
+{
+    QBuffer device;
+    device.setData(fileWith("VisualizationInfo/Components", inside));
+    viewpoint->deserialize(&device);
+}
+
+} // namespace
+
+void TestLargeFiles::hostsThatLookIntoDocuments()
+{
+    HostViewpoint viewpoint("v", nullptr);
+    deserialize(&viewpoint, numbered(element, 600));
+    QCOMPARE(viewpoint.elements, 600);
+    QCOMPARE(viewpoint.components().size(), 1);
+}
+
+void TestLargeFiles::documentsThatRefuseNames()
+{
+    // A name that the parser takes, and a document that is strict refuses.
+    const QByteArray file = numbered(element, 600, u8"<Component IfcGuid='a'><\u0220/></Component>");
+    BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
+    QDomImplementation::setInvalidDataPolicy(QDomImplementation::ReturnNullNode);
+    deserialize(&viewpoint, file);
+    QDomImplementation::setInvalidDataPolicy(QDomImplementation::AcceptInvalidChars);
+    QCOMPARE(viewpoint.components().size(), 0);
+    deserialize(&viewpoint, file);
+    QCOMPARE(viewpoint.components().size(), 601);
 }
 
 QTEST_GUILESS_MAIN(TestLargeFiles)

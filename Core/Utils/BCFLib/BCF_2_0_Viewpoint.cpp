@@ -51,11 +51,17 @@ QList<QVariantMap> namedForms(const QVariant &list)
     return forms;
 }
 
-/// A component as the file tells it, which is in no list yet.
+/// What an element of the file tells of a component.
 struct Mention
 {
-    std::unique_ptr<Component> component;
     QString guid;
+    Tavrin::Boolean isSelected;
+    Tavrin::Boolean isVisible;
+    QString color;
+    QString ifcProjectId;
+    QString originatingSystem;
+    QString authoringToolId;
+    bool isSuperseded = false;
 };
 
 /// Where a mention stands among the others.
@@ -73,6 +79,26 @@ struct SortKey
     quint64 head = 0;
     std::size_t index;
 };
+
+std::vector<Mention> readMentions(const QDomElement &components)
+{
+    std::vector<Mention> mentions;
+    for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
+        Mention mention{Xml::attribute(element, QStringLiteral("IfcGuid")),
+                        readMark(element, QStringLiteral("Selected")),
+                        readMark(element, QStringLiteral("Visible")),
+                        Xml::attribute(element, QStringLiteral("Color")),
+                        Xml::attribute(element, QStringLiteral("IfcProjectGuid")),
+                        QString(),
+                        QString()};
+        if (!mention.guid.isEmpty()) {
+            Xml::readLeadingText(element, QStringLiteral("OriginatingSystem"), &mention.originatingSystem);
+            Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &mention.authoringToolId);
+            mentions.push_back(std::move(mention));
+        }
+    }
+    return mentions;
+}
 
 /// The mentions in the order of their guids, those of one guid in the order of the file.
 std::vector<SortKey> sortedByGuid(const std::vector<Mention> &mentions)
@@ -150,49 +176,25 @@ bool Viewpoint::holdsOnlyComponents() const
 
 void Viewpoint::readComponents(QDomElement &root)
 {
-    std::vector<Mention> mentions;
-    const QDomElement components = root.firstChildElement(QStringLiteral("Components"));
-    for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
-        const QString guid = Xml::attribute(element, QStringLiteral("IfcGuid"));
-        if (!guid.isEmpty()) {
-            mentions.push_back({readComponent(element, guid), guid});
-        }
-    }
+    std::vector<Mention> mentions = readMentions(root.firstChildElement(QStringLiteral("Components")));
+    // Of several with one guid only the last is made: to take the others away again takes a search for each.
     const std::vector<SortKey> sorted = sortedByGuid(mentions);
     for (std::size_t i = 1; i < sorted.size(); ++i) {
         Mention &earlier = mentions[sorted[i - 1].index];
-        if (sorted[i - 1].head == sorted[i].head && earlier.guid == mentions[sorted[i].index].guid) {
-            earlier.component.reset();
-        }
+        earlier.isSuperseded =
+            sorted[i - 1].head == sorted[i].head && earlier.guid == mentions[sorted[i].index].guid;
     }
-    // Those of earlier reads go first: what a host does on their end must not meet one that stands in no
-    // list yet.
     for (const Mention &mention : mentions) {
-        delete _components.value(mention.guid);
-    }
-    // Entered in the order of guids, where each goes to the map's end; children in the order of the file.
-    for (const SortKey &key : sorted) {
-        Component *component = mentions[key.index].component.get();
-        if (component != nullptr) {
-            component->_holder = this;
-            _components.insert(_components.constEnd(), mentions[key.index].guid, component);
+        if (!mention.isSuperseded) {
+            Component *component = addComponent(mention.guid);
+            component->setSelected(mention.isSelected);
+            component->setVisible(mention.isVisible);
+            component->setColor(mention.color);
+            component->setIfcProjectId(mention.ifcProjectId);
+            component->setOriginatingSystem(mention.originatingSystem);
+            component->setAuthoringToolId(mention.authoringToolId);
         }
     }
-    for (Mention &mention : mentions) {
-        if (Component *component = mention.component.release()) {
-            component->setParent(this);
-        }
-    }
-}
-
-std::unique_ptr<Component> Viewpoint::readComponent(const QDomElement &element, const QString &guid)
-{
-    std::unique_ptr<Component> component(new Component(guid, nullptr));
-    component->setSelected(readMark(element, QStringLiteral("Selected")));
-    component->setVisible(readMark(element, QStringLiteral("Visible")));
-    component->setColor(Xml::attribute(element, QStringLiteral("Color")));
-    component->read(element);
-    return component;
 }
 
 void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)

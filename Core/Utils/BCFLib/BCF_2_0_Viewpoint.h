@@ -4,8 +4,6 @@
 #include "BCF_2_0_Component.h"
 #include "Viewpoint.h"
 
-#include <memory>
-
 namespace BCFLib {
 namespace ObjectTree {
 bool holdsOnlyReferences(const QObject *object);
@@ -60,8 +58,6 @@ private:
     /// A component that is destroyed leaves the list.
     void forget(Component *component);
     bool holdsOnlyComponents() const;
-    /// Makes the component that the element describes, which is in no list yet.
-    static std::unique_ptr<Component> readComponent(const QDomElement &element, const QString &guid);
 
     QMap<QString, Component *> _components;
     /// Set once a host has hung something under a component, or a component elsewhere.

@@ -18,7 +18,8 @@ QString guidOf(const QDomElement &component)
     return Xml::attribute(component, QStringLiteral("IfcGuid"));
 }
 
-/// Whether there is a component in @p list to be read. What is passed before it names none.
+/// Whether the list names a component. It stays as it is, but for packed elements without a guid that the
+/// search has passed, which nobody reads.
 bool namesComponent(const QDomElement &list)
 {
     for (const QDomElement &child : Xml::childElements(list, QStringLiteral("Component"))) {

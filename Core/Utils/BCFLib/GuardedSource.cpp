@@ -14,19 +14,6 @@ namespace {
 /// counts from the block on in which it stands.
 constexpr int blockSize = 1024;
 
-QByteArray readBlock(QIODevice *device)
-{
-    QByteArray block(blockSize, Qt::Uninitialized);
-    int length = 0;
-    qint64 count = 0;
-    do {
-        count = device->read(block.data() + length, blockSize - length);
-        length += static_cast<int>(qMax<qint64>(0, count));
-    } while (count > 0 && length < blockSize);
-    block.resize(length);
-    return block;
-}
-
 } // namespace
 
 GuardedSource::GuardedSource(QIODevice *device)
@@ -41,11 +28,25 @@ bool GuardedSource::isHarmless() const
 
 void GuardedSource::fetchData()
 {
-    const QByteArray block = readBlock(_device);
+    const QByteArray block = nextBlock();
     _bytes += block.size();
     const QString text = fromRawData(block);
     _isHarmless = _isHarmless && _bytes <= Limits::xmlBytes && _guard.accepts(text);
     setData(_isHarmless ? text : QString());
+}
+
+QByteArray GuardedSource::nextBlock()
+{
+    QByteArray block(blockSize, Qt::Uninitialized);
+    int length = 0;
+    while (!_isAtEnd && length < blockSize) {
+        const qint64 count = _device->read(block.data() + length, blockSize - length);
+        // Nor does anything count that comes behind a piece that is missing.
+        _isAtEnd = count <= 0;
+        length += static_cast<int>(qMax<qint64>(0, count));
+    }
+    block.resize(length);
+    return block;
 }
 
 } // namespace BCFLib

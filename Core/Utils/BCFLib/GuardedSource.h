@@ -26,7 +26,10 @@ public:
     void fetchData() override;
 
 private:
+    QByteArray nextBlock();
+
     QIODevice *_device;
+    bool _isAtEnd = false;
     XmlGuard _guard;
     qint64 _bytes = 0;
     bool _isHarmless = true;

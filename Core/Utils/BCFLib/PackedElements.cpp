@@ -1,5 +1,6 @@
 #include "PackedElements.h"
 
+#include <QUuid>
 #include <QXmlAttributes>
 
 #include <algorithm>
@@ -13,6 +14,13 @@ namespace {
 /// What comes next in a run.
 enum Part : uint { ElementEnd, ElementBegin, Text, OtherNode };
 
+/// What each run begins with, in this process.
+const QString &mark()
+{
+    static const QString text = QUuid::createUuid().toString();
+    return text;
+}
+
 /// Texts of the first 256 characters of Unicode, which nearly all are, take a byte for each.
 bool isNarrow(const QString &text)
 {
@@ -23,8 +31,7 @@ bool isNarrow(const QString &text)
 
 bool isRun(const QDomNode &node, const QString &name)
 {
-    // An instruction that stands in the file has a line there.
-    return node.isProcessingInstruction() && node.lineNumber() < 0 && node.nodeName() == name;
+    return node.isProcessingInstruction() && node.nodeName() == name && node.nodeValue().startsWith(mark());
 }
 
 void Packer::beginElement(const QString &name, const QXmlAttributes &attributes)
@@ -70,8 +77,10 @@ int Packer::size() const
 QDomNode Packer::takeRun(QDomDocument *document)
 {
     // As a node's value is a text, two bytes make one of its characters.
-    QString data((_bytes.size() + 1) / 2, QChar());
-    std::memcpy(data.data(), _bytes.constData(), static_cast<size_t>(_bytes.size()));
+    QString data = mark();
+    data.resize(mark().size() + (_bytes.size() + 1) / 2);
+    data.back() = QChar();
+    std::memcpy(data.data() + mark().size(), _bytes.constData(), static_cast<size_t>(_bytes.size()));
     QDomNode run = document->createProcessingInstruction(_name, QString());
     run.setNodeValue(data);
     _bytes.resize(0);
@@ -116,7 +125,7 @@ void Packer::addName(const QString &name)
 Unpacker::Unpacker(const QDomNode &run)
     : _document(run.ownerDocument())
     , _data(run.nodeValue())
-    , _at(reinterpret_cast<const char *>(_data.constData()))
+    , _at(reinterpret_cast<const char *>(_data.constData() + mark().size()))
     , _end(reinterpret_cast<const char *>(_data.constData() + _data.size()))
 {
 }

@@ -14,9 +14,12 @@ namespace BCFLib {
 
 /// Elements of one name in a small form, as one node of a document.
 ///
-/// In a QDomDocument an element takes some hundred times the memory of its name and its text. A file can
+/// In a QDomDocument an element takes some thirty times the memory of its name and its text. A file can
 /// hold hundreds of thousands of elements of a kind, which are read one after the other; until its turn
 /// comes each stays packed in a run, which stands among the nodes where the elements stand in the file.
+///
+/// A run is a processing instruction with the elements' name as its target. It begins with a mark that
+/// neither a file nor a host can foretell.
 ///
 /// Of comments and other nodes that are no text, only that they are there is kept.
 namespace PackedElements {
@@ -66,7 +69,7 @@ private:
     QDomElement beginElement();
 
     QDomDocument _document;
-    QString _data;
+    const QString _data;
     const char *_at;
     const char *_end;
     QStringList _names;

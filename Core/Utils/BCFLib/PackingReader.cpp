@@ -4,7 +4,8 @@
 
 #include <QDomDocument>
 #include <QString>
-#include <QXmlDefaultHandler>
+#include <QXmlContentHandler>
+#include <QXmlLexicalHandler>
 
 #include <algorithm>
 #include <vector>
@@ -15,7 +16,7 @@ namespace BCFLib {
 
 namespace {
 
-/// So many elements of a kind are not packed: as few as nearly all files have, they are read quicker so.
+/// So many children of an element are not packed: as few as nearly all files have, they are read quicker so.
 constexpr int few = 500;
 
 /// What a run may take before the next is begun: little against a large file, so that the elements of a
@@ -27,7 +28,7 @@ constexpr int largeRun = 16 * 1024;
 /// Stands between a parser and a document that is built, and packs the elements of which there may be many.
 ///
 /// Where runs have to go is looked up in the document as far as it is built.
-class PackingReader::Handler : public QXmlDefaultHandler
+class PackingReader::Handler : public QXmlContentHandler, public QXmlLexicalHandler
 {
 public:
     /// Elements are named by their path below the root, as in "Lines/Line".
@@ -45,6 +46,9 @@ public:
     bool characters(const QString &text) override;
     bool processingInstruction(const QString &target, const QString &data) override;
     bool skippedEntity(const QString &name) override;
+    bool startPrefixMapping(const QString &prefix, const QString &uri) override;
+    bool endPrefixMapping(const QString &prefix) override;
+    bool ignorableWhitespace(const QString &text) override;
     QString errorString() const override;
 
     bool startDTD(const QString &name, const QString &publicId, const QString &systemId) override;
@@ -222,7 +226,23 @@ bool PackingReader::Handler::skippedEntity(const QString &name)
         _packer.addOtherNode();
         return true;
     }
-    return _content->skippedEntity(name);
+    // A document has no place for those of a document type, which begin with a per cent sign.
+    return name.startsWith(QLatin1Char('%')) || _content->skippedEntity(name);
+}
+
+bool PackingReader::Handler::startPrefixMapping(const QString &prefix, const QString &uri)
+{
+    return _content->startPrefixMapping(prefix, uri);
+}
+
+bool PackingReader::Handler::endPrefixMapping(const QString &prefix)
+{
+    return _content->endPrefixMapping(prefix);
+}
+
+bool PackingReader::Handler::ignorableWhitespace(const QString &text)
+{
+    return isPacking() || _content->ignorableWhitespace(text);
 }
 
 QString PackingReader::Handler::errorString() const

@@ -13,8 +13,11 @@ namespace BCFLib {
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
 
-/// The parser that QDomDocument::setContent() uses by itself, which also packs the elements of which there
-/// are many.
+/// A parser set up as the one that QDomDocument::setContent() uses by itself, which also packs the elements
+/// of which there are many.
+///
+/// The document can't ask this one where a reference to an unknown entity stands, and makes a node in front
+/// of the element of one in an attribute too.
 class PackingReader : public QXmlSimpleReader
 {
 public:

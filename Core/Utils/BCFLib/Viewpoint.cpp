@@ -1,5 +1,6 @@
 #include "Viewpoint.h"
 
+#include "BCF_2_0_Viewpoint.h"
 #include "Bitmap.h"
 #include "ClippingPlane.h"
 #include "Components.h"
@@ -19,6 +20,7 @@
 #include <QIODevice>
 #include <QVariantMap>
 #include <log4cplus/log4cplus.h>
+#include <typeinfo>
 
 namespace BCFLib {
 
@@ -28,8 +30,14 @@ constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
 
 /// The elements of a viewpoint file of which there may be many, in either form of the references.
-QStringList numerousElements()
+///
+/// None for a class of the host, which may read the file's document in its own way.
+QStringList numerousElements(const Viewpoint &viewpoint)
 {
+    const std::type_info &type = typeid(viewpoint);
+    if (type != typeid(Viewpoint) && type != typeid(BCF_2_0_Lib::Viewpoint)) {
+        return {};
+    }
     return {QStringLiteral("Bitmaps"),
             QStringLiteral("ClippingPlanes/ClippingPlane"),
             QStringLiteral("Components/Component"),
@@ -354,7 +362,7 @@ bool Viewpoint::isValid() const
 void Viewpoint::deserialize(QIODevice *device)
 {
     QDomDocument document;
-    if (device == nullptr || !XmlFile::read(device, &document, numerousElements())) {
+    if (device == nullptr || !XmlFile::read(device, &document, numerousElements(*this))) {
         return;
     }
     QDomElement root = document.firstChildElement(QStringLiteral("VisualizationInfo"));

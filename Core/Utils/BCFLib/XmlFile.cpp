@@ -142,7 +142,9 @@ bool XmlFile::read(QIODevice *device, QDomDocument *document, const QStringList 
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
     GuardedSource source(device);
-    PackingReader reader(document, packedElements);
+    // Where a host has documents refuse or change names and texts, only a whole document tells which.
+    const bool acceptsAll = QDomImplementation::invalidDataPolicy() == QDomImplementation::AcceptInvalidChars;
+    PackingReader reader(document, acceptsAll ? packedElements : QStringList());
     return document->setContent(&source, &reader) && source.isHarmless();
     QT_WARNING_POP
 }

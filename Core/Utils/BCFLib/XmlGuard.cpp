@@ -59,7 +59,7 @@ void XmlGuard::scanContent()
     if (*_at++ == '<') {
         _place = Place::Opening;
     } else {
-        // A reference to an entity that nothing declares is a node of its own.
+        // A reference to an entity that nothing declares is a node of its own, wherever it stands.
         count();
     }
 }
@@ -114,7 +114,7 @@ void XmlGuard::scanDeclaration()
 
 void XmlGuard::scanTag()
 {
-    const ushort *begin = _at;
+    const ushort *const begin = _at;
     const bool isFound = find([](ushort unit) { return unit == '>' || unit == '"' || unit == '\''; });
     if (_at != begin) {
         _lastOfTag = _at[-1];
@@ -130,7 +130,7 @@ void XmlGuard::scanTag()
         ++_attributes;
         count();
         _isHarmless = _isHarmless && _attributes <= Limits::xmlAttributes;
-        quote();
+        beginQuotation();
     }
     ++_at;
 }
@@ -145,8 +145,12 @@ void XmlGuard::scanEndTag()
 
 void XmlGuard::scanQuotation()
 {
-    if (find([quote = _quote](ushort unit) { return unit == quote; })) {
-        ++_at;
+    if (!find([mark = _quotationMark](ushort unit) { return unit == mark || unit == '&'; })) {
+        return;
+    }
+    if (*_at++ == '&') {
+        count();
+    } else {
         _place = _isInDocumentType ? Place::DocumentType : Place::Tag;
     }
 }
@@ -170,7 +174,7 @@ void XmlGuard::scanDocumentType()
         break;
     case '"':
     case '\'':
-        quote();
+        beginQuotation();
         break;
     case '(':
         // The parser calls itself for each group in the content of an element.
@@ -196,9 +200,9 @@ void XmlGuard::scanDocumentType()
 }
 
 /// Begins a quoted text with the mark that it also ends with.
-void XmlGuard::quote()
+void XmlGuard::beginQuotation()
 {
-    _quote = *_at;
+    _quotationMark = *_at;
     _place = Place::Quotation;
 }
 

@@ -16,8 +16,8 @@ namespace BCFLib {
 class XmlGuard
 {
 public:
-    /// Whether the file, as far as up to the end of @p text, which follows on what came before, keeps to
-    /// the bounds of Limits and declares nothing that could grow.
+    /// Whether the file up to the end of @p text, which is its next piece, keeps to the bounds of Limits and
+    /// declares nothing that could grow.
     bool accepts(const QString &text);
 
 private:
@@ -35,7 +35,7 @@ private:
     template<class Predicate>
     bool find(const Predicate &isWanted);
     void skipPast(const char *closing);
-    void quote();
+    void beginQuotation();
     bool mayBecome(const char *markup) const;
 
     void open();
@@ -53,8 +53,8 @@ private:
     quint64 _closing = 0;
     quint64 _closingMask = 0;
     quint64 _recent = 0;
-    /// The quotation mark that ends a quoted text.
-    ushort _quote = 0;
+    /// What ends the quoted text.
+    ushort _quotationMark = 0;
     ushort _lastOfTag = 0;
     int _attributes = 0;
     bool _isInDocumentType = false;
