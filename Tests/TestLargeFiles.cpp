@@ -280,7 +280,7 @@ void TestLargeFiles::hostsThatLookIntoDocuments()
 void TestLargeFiles::documentsThatRefuseNames()
 {
     // A name that the parser takes, and a document that is strict refuses.
-    const QByteArray file = numbered(element, 600, u8"<Component IfcGuid='a'><\u0220/></Component>");
+    const QByteArray file = numbered(element, 600) + u8"<Component IfcGuid='a'><\u0220/></Component>";
     BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::ReturnNullNode);
     deserialize(&viewpoint, file);
