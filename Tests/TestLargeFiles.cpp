@@ -2,11 +2,13 @@
 
 #include <BCF_2_0_Viewpoint.h>
 #include <Comment.h>
+#include <Components.h>
 #include <Topic.h>
 
 #include <QBuffer>
 #include <QDomDocument>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTest>
 #include <functional>
@@ -90,6 +92,8 @@ private slots:
     void memoryIsThatOfTheTree();
     void manyElements_data();
     void manyElements();
+    void longListsAreSavedAsShortOnesAre_data();
+    void longListsAreSavedAsShortOnesAre();
     void hostsThatLookIntoDocuments();
     void documentsThatRefuseNames();
 };
@@ -237,6 +241,48 @@ void TestLargeFiles::manyElements()
     QCOMPARE(tellAll(malformed.load().data(), className, properties), QStringList());
 }
 
+void TestLargeFiles::longListsAreSavedAsShortOnesAre_data()
+{
+    QTest::addColumn<QString>("version");
+
+    QTest::newRow("sets") << "2.1";
+    QTest::newRow("list") << "2.0";
+}
+
+void TestLargeFiles::longListsAreSavedAsShortOnesAre()
+{
+    QFETCH(QString, version);
+
+    const auto save = [&version](int count) {
+        const TestArchive archive;
+        const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+        BCFLib::Viewpoint *viewpoint =
+            model->addTopic("T", "A", QDateTime(QDate(2024, 1, 1), QTime()), "t")->addViewpoint("v");
+        QStringList guids;
+        for (int i = 0; i < count; ++i) {
+            guids.append(QString::number(10000 + i) + "<&");
+            viewpoint->addLine();
+        }
+        if (auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
+            for (const QString &guid : qAsConst(guids)) {
+                list->addComponent(guid)->setOriginatingSystem("s");
+            }
+        }
+        viewpoint->BCFLib::Viewpoint::components()->setSelectionComponents(guids);
+        model->serialize(archive.path());
+        return TestArchive::entry(archive.path(), "t/viewpoint.bcfv");
+    };
+    const auto lines = [](const QByteArray &file) {
+        const QStringList all = QString(file).replace(QRegularExpression("\\d{5}&lt;"), "#").split('\n');
+        return QSet<QString>(all.begin(), all.end());
+    };
+    const QByteArray file = save(1500);
+    QCOMPARE(lines(file), lines(save(3)));
+    QCOMPARE(file.count("<Line>"), 1500);
+    QCOMPARE(file.count("<Component "), 1500);
+    QVERIFY(file.indexOf("10201&lt;") < file.indexOf("11499&lt;"));
+}
+
 namespace {
 
 /// A viewpoint that counts the elements of a file and reads others.
@@ -258,6 +304,11 @@ protected:
         QDomElement otherRoot = copy.importNode(other.documentElement(), true).toElement();
         BCF_2_0_Lib::Viewpoint::readComponents(otherRoot);
     }
+    void writeComponents(QDomDocument &document, QDomElement &root) override
+    {
+        BCF_2_0_Lib::Viewpoint::writeComponents(document, root);
+        elements = root.elementsByTagName("Component").size();
+    }
 };
 
 void deserialize(BCFLib::Viewpoint *viewpoint, const QByteArray &inside)
@@ -275,6 +326,13 @@ void TestLargeFiles::hostsThatLookIntoDocuments()
     deserialize(&viewpoint, numbered(element, 600));
     QCOMPARE(viewpoint.elements, 600);
     QCOMPARE(viewpoint.components().size(), 1);
+    for (int i = 0; i < 599; ++i) {
+        viewpoint.addComponent(QString::number(i));
+    }
+    QBuffer device;
+    device.open(QIODevice::WriteOnly);
+    viewpoint.serialize(&device);
+    QCOMPARE(viewpoint.elements, 600);
 }
 
 void TestLargeFiles::documentsThatRefuseNames()

@@ -2,6 +2,7 @@
 
 #include "Components.h"
 #include "XmlElements.h"
+#include "XmlPrinter.h"
 
 #include <QChildEvent>
 #include <QDomDocument>
@@ -9,6 +10,7 @@
 #include <log4cplus/loggingmacros.h>
 
 #include <algorithm>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -203,13 +205,20 @@ void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)
         return;
     }
     QDomElement components = Xml::appendElement(document, root, QStringLiteral("Components"));
+    // A class of the host may look into the document.
+    const bool isOwn = typeid(*this) == typeid(Viewpoint);
+    BCFLib::XmlPrinter::List printer(&document, components);
     for (const Component *component : qAsConst(_components)) {
         component->write(document, components);
         QDomElement element = components.lastChildElement();
         writeMark(element, QStringLiteral("Selected"), component->selected());
         writeMark(element, QStringLiteral("Visible"), component->visible());
         Xml::setAttributeIfNotEmpty(element, QStringLiteral("Color"), component->color());
+        if (isOwn) {
+            printer.printLast();
+        }
     }
+    printer.finish();
 }
 
 QMap<QString, QVariant> Viewpoint::componentsToQVariant() const

@@ -2,6 +2,7 @@
 
 #include "Component.h"
 #include "XmlElements.h"
+#include "XmlPrinter.h"
 
 #include <QChildEvent>
 #include <QDomDocument>
@@ -300,9 +301,12 @@ void Components::writeViewSetupHints(QDomDocument &document, QDomElement &parent
 void Components::writeComponentList(QDomDocument &document, QDomElement &parent,
                                     const QList<Component *> &list) const
 {
+    XmlPrinter::List printer(&document, parent);
     for (const Component *component : list) {
         component->write(document, parent);
+        printer.printLast();
     }
+    printer.finish();
 }
 
 QVariant Components::toQVariant() const

@@ -77,9 +77,8 @@ int Packer::size() const
 QDomNode Packer::takeRun(QDomDocument *document)
 {
     // As a node's value is a text, two bytes make one of its characters.
-    QString data = mark();
-    data.resize(mark().size() + (_bytes.size() + 1) / 2);
-    data.back() = QChar();
+    QString data(mark().size() + (_bytes.size() + 1) / 2, QChar());
+    std::copy(mark().begin(), mark().end(), data.begin());
     std::memcpy(data.data() + mark().size(), _bytes.constData(), static_cast<size_t>(_bytes.size()));
     QDomNode run = document->createProcessingInstruction(_name, QString());
     run.setNodeValue(data);

@@ -16,8 +16,8 @@ namespace BCFLib {
 
 namespace {
 
-/// So many children of an element are not packed: as few as nearly all files have, they are read quicker so.
-constexpr int few = 500;
+/// So many elements of a file are not packed: as few as nearly all files have, they are read quicker so.
+constexpr int few = 200;
 
 /// What a run may take before the next is begun: little against a large file, so that the elements of a
 /// run that is being read hardly stand in memory twice.
@@ -68,8 +68,6 @@ private:
         int last;
         /// The length of its path.
         int length;
-        /// How many children that may be packed it has so far.
-        int listedChildren;
     };
 
     bool isPacking() const;
@@ -87,6 +85,8 @@ private:
     std::vector<Level> _levels;
     PackedElements::Packer _packer;
     int _packedDepth = 0;
+    /// How many elements there were so far that may be packed.
+    int _listedElements = 0;
 };
 
 PackingReader::Handler::Handler(QDomDocument *document, const QStringList &packedElements)
@@ -117,7 +117,7 @@ bool PackingReader::Handler::isPacking() const
 PackingReader::Handler::Level PackingReader::Handler::levelOf(const QString &name) const
 {
     if (_levels.empty()) {
-        return {0, _packedElements.size(), 0, 0};
+        return {0, _packedElements.size(), 0};
     }
     const Level &parent = _levels.back();
     const int length = parent.length + name.size() + 1;
@@ -134,7 +134,7 @@ PackingReader::Handler::Level PackingReader::Handler::levelOf(const QString &nam
     while (last != parent.last && matches(last)) {
         ++last;
     }
-    return {first, last, length, 0};
+    return {first, last, length};
 }
 
 bool PackingReader::Handler::isListed(const Level &level) const
@@ -175,7 +175,7 @@ bool PackingReader::Handler::startElement(const QString &namespaceUri, const QSt
 {
     if (!isPacking()) {
         const Level level = levelOf(name);
-        const bool isPacked = isListed(level) && ++_levels.back().listedChildren > few;
+        const bool isPacked = isListed(level) && ++_listedElements > few;
         if (!isPacked || name != _packer.name() || _packer.size() >= largeRun) {
             finishRun();
         }

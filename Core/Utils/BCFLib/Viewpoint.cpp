@@ -11,6 +11,7 @@
 #include "Topic.h"
 #include "XmlElements.h"
 #include "XmlFile.h"
+#include "XmlPrinter.h"
 
 #include <Core/Utils/Utility/Vec3dVariant.h>
 #include <QDir>
@@ -521,12 +522,15 @@ void Viewpoint::writeLines(QDomDocument &document, QDomElement &root)
         return;
     }
     QDomElement wrapper = Xml::appendElement(document, root, QStringLiteral("Lines"));
+    XmlPrinter::List printer(&document, wrapper);
     for (const Line *line : all) {
         using Tavrin::DOMXml::createPointElement;
         QDomElement element = Xml::appendElement(document, wrapper, QStringLiteral("Line"));
         element.appendChild(createPointElement(document, QStringLiteral("StartPoint"), line->startPoint()));
         element.appendChild(createPointElement(document, QStringLiteral("EndPoint"), line->endPoint()));
+        printer.printLast();
     }
+    printer.finish();
 }
 
 void Viewpoint::writeClippingPlanes(QDomDocument &document, QDomElement &root)
