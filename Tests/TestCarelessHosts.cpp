@@ -285,6 +285,23 @@ void TestCarelessHosts::siblingsThatGoDuringARead()
     viewpoint.deserialize(&device);
     QCOMPARE(viewpoint.components().size(), 1);
     QCOMPARE(viewpoint.components().first()->guid(), QString("old"));
+
+    class SetFilter : public QObject
+    {
+    public:
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() == QEvent::ChildAdded && watched->children().size() > 1) {
+                delete watched->children().first();
+            }
+            return false;
+        }
+    };
+    BCFLib::Viewpoint inSets("v", nullptr);
+    SetFilter setFilter;
+    inSets.components()->installEventFilter(&setFilter);
+    inSets.components()->setSelectionComponents({"a", "b", "c"});
+    QCOMPARE(inSets.components()->getSelectionComponents().size(), 1);
 }
 
 void TestCarelessHosts::nullPointersAreRefused()

@@ -8,6 +8,7 @@
 #include <QDomDocument>
 #include <QVariantMap>
 
+#include <utility>
 #include <vector>
 
 namespace BCFLib {
@@ -105,12 +106,10 @@ void Components::removeColoringComponents()
 
 QList<Component *> Components::guidListToComponentList(const QStringList &guids)
 {
-    QList<Component *> list;
-    list.reserve(guids.size());
     for (const QString &guid : guids) {
-        list.append(new Component(guid, this));
+        _arriving.append(new Component(guid, this));
     }
-    return list;
+    return std::exchange(_arriving, {});
 }
 
 void Components::deleteAll(const QList<Component *> &list)
@@ -139,6 +138,7 @@ void Components::forget(Component *component)
     if (_doomed.remove(component)) {
         return;
     }
+    _arriving.removeOne(component);
     _selectionComponents.removeOne(component);
     _visibilityExceptionComponents.removeOne(component);
     for (QList<Component *> &group : _coloringComponents) {
@@ -208,16 +208,15 @@ void Components::readViewSetupHints(const QDomElement &element)
 
 QList<Component *> Components::readComponentList(const QDomElement &element)
 {
-    QList<Component *> list;
     for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
         const QString guid = guidOf(child);
         if (!guid.isEmpty()) {
             Component *component = new Component(guid, this);
             component->read(child);
-            list.append(component);
+            _arriving.append(component);
         }
     }
-    return list;
+    return std::exchange(_arriving, {});
 }
 
 void Components::readColoring(const QDomElement &coloring)
@@ -368,16 +367,15 @@ QList<QVariant> Components::componentListToVariant(const QList<Component *> &lis
 
 QList<Component *> Components::variantToComponentList(const QVariant &value)
 {
-    QList<Component *> list;
     for (const QVariant &form : value.toList()) {
         const QVariantMap map = form.toMap();
         if (map.contains(QStringLiteral("ifc_guid"))) {
             Component *component = new Component(map.value(QStringLiteral("ifc_guid")).toString(), this);
             component->fromQVariant(map);
-            list.append(component);
+            _arriving.append(component);
         }
     }
-    return list;
+    return std::exchange(_arriving, {});
 }
 
 } // namespace BCFLib

@@ -10,8 +10,8 @@ namespace BCFLib {
 
 namespace {
 
-/// In blocks of this size a parser reads its files. An encoding that is declared behind the first of them
-/// counts from the block on in which it stands.
+/// In blocks of this size a parser reads its files. An encoding counts only if it is declared within the
+/// first of them.
 constexpr int blockSize = 1024;
 
 } // namespace
@@ -41,7 +41,7 @@ QByteArray GuardedSource::nextBlock()
     int length = 0;
     while (!_isAtEnd && length < blockSize) {
         const qint64 count = _device->read(block.data() + length, blockSize - length);
-        // Nor does anything count that comes behind a piece that is missing.
+        // After a failed read nothing more counts, also if later ones would succeed.
         _isAtEnd = count <= 0;
         length += static_cast<int>(qMax<qint64>(0, count));
     }

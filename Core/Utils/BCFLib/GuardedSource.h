@@ -3,6 +3,7 @@
 
 #include "XmlGuard.h"
 
+#include <QByteArray>
 #include <QXmlInputSource>
 
 class QIODevice;

@@ -133,6 +133,7 @@ QDomElement Unpacker::next()
 {
     QDomElement outermost;
     QDomNode open;
+    int depth = 0;
     while (_at != _end) {
         switch (number()) {
         case ElementBegin: {
@@ -143,6 +144,7 @@ QDomElement Unpacker::next()
                 open.appendChild(element);
             }
             open = element;
+            ++depth;
             break;
         }
         case Text:
@@ -152,7 +154,7 @@ QDomElement Unpacker::next()
             open.appendChild(_document.createComment(QString()));
             break;
         default:
-            if (open == outermost) {
+            if (--depth <= 0) {
                 return outermost;
             }
             open = open.parentNode();

@@ -16,8 +16,8 @@ QT_WARNING_DISABLE_DEPRECATED
 /// A parser set up as the one that QDomDocument::setContent() uses by itself, which also packs the elements
 /// of which there are many.
 ///
-/// The document can't ask this one where a reference to an unknown entity stands, and makes a node in front
-/// of the element of one in an attribute too.
+/// With any reader but its own a document also makes a node for a reference to an unknown entity in an
+/// attribute, in front of the element that bears it.
 class PackingReader : public QXmlSimpleReader
 {
 public:

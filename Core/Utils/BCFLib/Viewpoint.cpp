@@ -30,13 +30,17 @@ namespace {
 constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
 
-/// The elements of a viewpoint file of which there may be many, in either form of the references.
-///
-/// None for a class of the host, which may read the file's document in its own way.
-QStringList numerousElements(const Viewpoint &viewpoint)
+/// Whether the viewpoint is of a class of the library. One of the host may look into documents by itself.
+bool isOwnClass(const Viewpoint &viewpoint)
 {
     const std::type_info &type = typeid(viewpoint);
-    if (type != typeid(Viewpoint) && type != typeid(BCF_2_0_Lib::Viewpoint)) {
+    return type == typeid(Viewpoint) || type == typeid(BCF_2_0_Lib::Viewpoint);
+}
+
+/// The elements of a viewpoint file of which there may be many, in either form of the references.
+QStringList numerousElements(const Viewpoint &viewpoint)
+{
+    if (!isOwnClass(viewpoint)) {
         return {};
     }
     return {QStringLiteral("Bitmaps"),
@@ -522,13 +526,16 @@ void Viewpoint::writeLines(QDomDocument &document, QDomElement &root)
         return;
     }
     QDomElement wrapper = Xml::appendElement(document, root, QStringLiteral("Lines"));
+    const bool isOwn = isOwnClass(*this);
     XmlPrinter::List printer(&document, wrapper);
     for (const Line *line : all) {
         using Tavrin::DOMXml::createPointElement;
         QDomElement element = Xml::appendElement(document, wrapper, QStringLiteral("Line"));
         element.appendChild(createPointElement(document, QStringLiteral("StartPoint"), line->startPoint()));
         element.appendChild(createPointElement(document, QStringLiteral("EndPoint"), line->endPoint()));
-        printer.printLast();
+        if (isOwn) {
+            printer.printLast();
+        }
     }
     printer.finish();
 }

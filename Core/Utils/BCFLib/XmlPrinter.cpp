@@ -9,7 +9,7 @@ namespace BCFLib {
 
 namespace {
 
-/// So many elements of a list stay in the document, which is as quick for them.
+/// So many elements of a list stay in the document: printing so few one by one saves no time.
 constexpr int few = 200;
 
 /// What a text may hold before it is handed on.

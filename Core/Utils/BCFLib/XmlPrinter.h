@@ -12,7 +12,7 @@ namespace BCFLib {
 /// Turns documents into text.
 namespace XmlPrinter {
 
-/// Prints a document of elements and texts to an open device, with an XML declaration.
+/// Prints a document of elements and texts to an open device, with an XML declaration; others are left out.
 void print(const QDomDocument &document, QIODevice *device);
 
 /// Prints the elements of a long list one by one, as they are appended to it.
