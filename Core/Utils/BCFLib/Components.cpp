@@ -106,6 +106,7 @@ void Components::removeColoringComponents()
 
 QList<Component *> Components::guidListToComponentList(const QStringList &guids)
 {
+    _arriving.clear();
     for (const QString &guid : guids) {
         _arriving.append(new Component(guid, this));
     }
@@ -208,6 +209,7 @@ void Components::readViewSetupHints(const QDomElement &element)
 
 QList<Component *> Components::readComponentList(const QDomElement &element)
 {
+    _arriving.clear();
     for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
         const QString guid = guidOf(child);
         if (!guid.isEmpty()) {
@@ -367,6 +369,7 @@ QList<QVariant> Components::componentListToVariant(const QList<Component *> &lis
 
 QList<Component *> Components::variantToComponentList(const QVariant &value)
 {
+    _arriving.clear();
     for (const QVariant &form : value.toList()) {
         const QVariantMap map = form.toMap();
         if (map.contains(QStringLiteral("ifc_guid"))) {

@@ -110,7 +110,8 @@ private:
     bool _defaultVisibility = true;
     QList<Component *> _visibilityExceptionComponents;
     QMap<QString, QList<Component *>> _coloringComponents;
-    /// Components of a set that is being made; a host may delete them already.
+    /// Components of a set that is being made; a host may delete them already. Where memory ended on the
+    /// way, they stay here, in no set.
     QList<Component *> _arriving;
     /// Components that are being deleted, and stand in no set any more.
     QSet<QObject *> _doomed;

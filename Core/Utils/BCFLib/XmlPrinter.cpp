@@ -201,7 +201,7 @@ void XmlPrinter::List::finish()
         return;
     }
     QDomNode printed = _document->createProcessingInstruction(_list.tagName(), QString());
-    printed.setNodeValue(mark() + _text);
+    printed.setNodeValue(mark() % _text);
     _list.appendChild(printed);
     _text.resize(0);
 }
