@@ -2,7 +2,6 @@
 #define BCFLIB_COMMENT_H
 
 #include "BCFLibExport.h"
-#include "StoredDate.h"
 // Whole classes, not only their names: otherwise the links can't be read through the meta-object.
 #include "Topic.h"
 #include "Viewpoint.h"
@@ -99,11 +98,11 @@ protected:
 private:
     friend class Topic;
 
-    StoredDate _date;
+    QDateTime _date;
     QString _author;
     QString _comment;
     QPointer<Comment> _replyToComment;
-    StoredDate _modifiedDate;
+    QDateTime _modifiedDate;
     QString _modifiedAuthor;
     QPointer<Topic> _topic;
     QPointer<Viewpoint> _viewpoint;

@@ -2,11 +2,8 @@
 
 #include "BCF_2_0_Viewpoint.h"
 #include "Components.h"
-#include "VariantMap.h"
-#include "XmlElements.h"
 
 #include <QChildEvent>
-#include <QDomDocument>
 
 namespace BCFLib {
 
@@ -74,47 +71,6 @@ QString Component::ifcProjectId() const
 void Component::setIfcProjectId(const QString &ifcProjectId)
 {
     _ifcProjectId = ifcProjectId;
-}
-
-void Component::read(const QDomElement &element)
-{
-    if (element.hasAttribute(QStringLiteral("IfcProjectGuid"))) {
-        _ifcProjectId = Xml::attribute(element, QStringLiteral("IfcProjectGuid"));
-    }
-    Xml::readLeadingText(element, QStringLiteral("OriginatingSystem"), &_originatingSystem);
-    Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &_authoringToolId);
-}
-
-void Component::write(QDomDocument &document, QDomElement &parent) const
-{
-    QDomElement element = Xml::appendElement(document, parent, QStringLiteral("Component"));
-    Xml::setAttribute(element, QStringLiteral("IfcGuid"), guid());
-    Xml::appendTextIfNotEmpty(document, element, QStringLiteral("OriginatingSystem"), _originatingSystem);
-    Xml::appendTextIfNotEmpty(document, element, QStringLiteral("AuthoringToolId"), _authoringToolId);
-    Xml::setAttributeIfNotEmpty(element, QStringLiteral("IfcProjectGuid"), _ifcProjectId);
-}
-
-QVariant Component::toQVariant() const
-{
-    QVariantMap map;
-    Variants::insertIfNotEmpty(map, QStringLiteral("ifc_guid"), guid());
-    Variants::insertIfNotEmpty(map, QStringLiteral("ifc_project"), _ifcProjectId);
-    Variants::insertIfNotEmpty(map, QStringLiteral("originating_system"), _originatingSystem);
-    Variants::insertIfNotEmpty(map, QStringLiteral("authoring_tool_id"), _authoringToolId);
-    return map;
-}
-
-void Component::fromQVariant(const QVariant &variant)
-{
-    const QVariantMap map = variant.toMap();
-    if (map.contains(QStringLiteral("ifc_guid"))) {
-        setGuid(map.value(QStringLiteral("ifc_guid")).toString());
-    }
-    if (map.contains(QStringLiteral("ifc_project"))) {
-        _ifcProjectId = map.value(QStringLiteral("ifc_project")).toString();
-    }
-    _originatingSystem = map.value(QStringLiteral("originating_system")).toString();
-    _authoringToolId = map.value(QStringLiteral("authoring_tool_id")).toString();
 }
 
 } // namespace BCFLib

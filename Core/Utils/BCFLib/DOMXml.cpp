@@ -1,6 +1,6 @@
 #include "DOMXml.h"
 
-#include "XmlElements.h"
+#include "Xml/Text.h"
 
 #include <QDomDocument>
 
@@ -29,7 +29,7 @@ QDomElement DOMXml::createAttributeElement(QDomDocument &document, const QString
                                            const QString &attributeName, const QString &attributeValue)
 {
     QDomElement element = document.createElement(name);
-    BCFLib::Xml::setAttribute(element, attributeName, attributeValue);
+    element.setAttribute(attributeName, BCFLib::Xml::writableText(attributeValue));
     return element;
 }
 

@@ -1,6 +1,6 @@
 #include "DocumentReference.h"
 
-#include "VariantMap.h"
+#include "Variant/Maps.h"
 
 namespace BCFLib {
 

@@ -1,6 +1,6 @@
 #include "File.h"
 
-#include "VariantMap.h"
+#include "Variant/Maps.h"
 
 namespace BCFLib {
 

@@ -1,7 +1,8 @@
 #include "Project.h"
 
-#include "XmlElements.h"
-#include "XmlFile.h"
+#include "Xml/Elements.h"
+#include "Xml/Printer.h"
+#include "Xml/Reader.h"
 
 #include <QDomDocument>
 #include <QIODevice>
@@ -60,7 +61,7 @@ QVariant Project::toQVariant() const
 Project *Project::Deserialize(QIODevice *device)
 {
     QDomDocument document;
-    if (device == nullptr || !XmlFile::read(device, &document)) {
+    if (device == nullptr || !Xml::readDocument(device, &document)) {
         return nullptr;
     }
     std::unique_ptr<Project> project(new Project(QString(), nullptr));
@@ -72,7 +73,7 @@ bool Project::serialize(QIODevice *device)
 {
     QDomDocument document;
     writeProject(document);
-    XmlFile::write(document, device);
+    Xml::writeDocument(document, device);
     return true;
 }
 

@@ -2,7 +2,6 @@
 #define BCFLIB_TOPIC_H
 
 #include "BCFLibExport.h"
-#include "StoredDate.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -267,9 +266,9 @@ private:
     QString _priority;
     int _index = -1;
     QStringList _labels;
-    StoredDate _creationDate;
+    QDateTime _creationDate;
     QString _creationAuthor;
-    StoredDate _modifiedDate;
+    QDateTime _modifiedDate;
     QString _modifiedAuthor;
     QString _assignedTo;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;

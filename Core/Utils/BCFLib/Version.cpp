@@ -1,8 +1,9 @@
 #include "Version.h"
 
 #include "BCFModel.h"
-#include "XmlElements.h"
-#include "XmlFile.h"
+#include "Xml/Elements.h"
+#include "Xml/Printer.h"
+#include "Xml/Reader.h"
 
 #include <QDomDocument>
 #include <QIODevice>
@@ -53,7 +54,7 @@ Version *Version::BCF1Version()
 Version *Version::Deserialize(QIODevice *device)
 {
     QDomDocument document;
-    if (device == nullptr || !XmlFile::read(device, &document)) {
+    if (device == nullptr || !Xml::readDocument(device, &document)) {
         return nullptr;
     }
     std::unique_ptr<Version> version(new Version(nullptr));
@@ -65,7 +66,7 @@ bool Version::serialize(QIODevice *device)
 {
     QDomDocument document;
     writeVersion(document);
-    XmlFile::write(document, device);
+    Xml::writeDocument(document, device);
     return true;
 }
 

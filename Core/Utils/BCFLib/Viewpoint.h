@@ -118,6 +118,10 @@ protected:
 private:
     friend class Topic;
 
+    /// Bits of _whichCameraIsSet.
+    static constexpr int perspectiveBit = 1;
+    static constexpr int orthogonalBit = 2;
+
     virtual void readComponents(QDomElement &root);
     virtual void writeComponents(QDomDocument &document, QDomElement &root);
 

@@ -1,0 +1,48 @@
+#ifndef BCFLIB_VARIANT_MAPS_H
+#define BCFLIB_VARIANT_MAPS_H
+
+#include <QDateTime>
+#include <QString>
+#include <QVariantMap>
+
+namespace BCFLib {
+
+/// The habits of the variant form, each in one place.
+namespace Variants {
+
+inline void insertIfNotEmpty(QVariantMap &map, const QString &key, const QString &text)
+{
+    if (!text.isEmpty()) {
+        map.insert(key, text);
+    }
+}
+
+/// The list of the forms of @p objects under @p key, if there are any.
+template<class List>
+void insertFormsIfNotEmpty(QVariantMap &map, const QString &key, const List &objects)
+{
+    QVariantList forms;
+    forms.reserve(objects.size());
+    for (const auto *object : objects) {
+        forms.append(object->toQVariant());
+    }
+    if (!forms.isEmpty()) {
+        map.insert(key, forms);
+    }
+}
+
+/// Dates are passed on in the time zone that they are in, as far as whole seconds tell them.
+inline QString fromDate(const QDateTime &date)
+{
+    return date.toString(Qt::ISODate);
+}
+
+inline QDateTime toDate(const QVariant &value)
+{
+    return QDateTime::fromString(value.toString(), Qt::ISODate);
+}
+
+} // namespace Variants
+} // namespace BCFLib
+
+#endif // BCFLIB_VARIANT_MAPS_H

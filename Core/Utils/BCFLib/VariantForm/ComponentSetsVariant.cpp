@@ -1,0 +1,105 @@
+#include "Component.h"
+#include "Components.h"
+#include "Variant/Maps.h"
+
+#include <QVariantMap>
+
+#include <utility>
+
+namespace BCFLib {
+
+QVariant Components::toQVariant() const
+{
+    QVariantMap map;
+    if (!_viewSetupHints.isEmpty()) {
+        map.insert(QStringLiteral("view_setup_hints"), _viewSetupHints.toQVariant());
+    }
+    if (!_visibilityExceptionComponents.isEmpty()) {
+        map.insert(QStringLiteral("visibility"),
+                   QVariantMap{{QStringLiteral("default_visibility"), _defaultVisibility},
+                               {QStringLiteral("exceptions"),
+                                componentListToVariant(_visibilityExceptionComponents)}});
+    }
+    if (!_selectionComponents.isEmpty()) {
+        map.insert(QStringLiteral("selection"), componentListToVariant(_selectionComponents));
+    }
+    QVariantList coloring;
+    for (auto group = _coloringComponents.constBegin(); group != _coloringComponents.constEnd(); ++group) {
+        coloring.append(QVariantMap{{QStringLiteral("color"), group.key()},
+                                    {QStringLiteral("components"), componentListToVariant(group.value())}});
+    }
+    if (!coloring.isEmpty()) {
+        map.insert(QStringLiteral("coloring"), coloring);
+    }
+    return map;
+}
+
+void Components::fromQVariant(const QVariant &variant)
+{
+    clear();
+    const QVariantMap map = variant.toMap();
+    const QVariantMap visibility = map.value(QStringLiteral("visibility")).toMap();
+    if (visibility.contains(QStringLiteral("view_setup_hints"))) {
+        _viewSetupHints.fromQVariant(visibility.value(QStringLiteral("view_setup_hints")));
+    }
+    _defaultVisibility = visibility.value(QStringLiteral("default_visibility"), true).toBool();
+    _visibilityExceptionComponents = variantToComponentList(visibility.value(QStringLiteral("exceptions")));
+    _selectionComponents = variantToComponentList(map.value(QStringLiteral("selection")));
+    // A map from colour to components, not the list of groups that toQVariant() gives.
+    const QVariantMap coloring = map.value(QStringLiteral("coloring")).toMap();
+    for (auto group = coloring.constBegin(); group != coloring.constEnd(); ++group) {
+        const QList<Component *> list = variantToComponentList(group.value());
+        if (!list.isEmpty()) {
+            _coloringComponents.insert(group.key(), list);
+        }
+    }
+}
+
+QList<QVariant> Components::componentListToVariant(const QList<Component *> &list) const
+{
+    QVariantList forms;
+    forms.reserve(list.size());
+    for (const Component *component : list) {
+        forms.append(component->toQVariant());
+    }
+    return forms;
+}
+
+QList<Component *> Components::variantToComponentList(const QVariant &value)
+{
+    _arriving.clear();
+    for (const QVariant &form : value.toList()) {
+        const QVariantMap map = form.toMap();
+        if (map.contains(QStringLiteral("ifc_guid"))) {
+            Component *component = new Component(map.value(QStringLiteral("ifc_guid")).toString(), this);
+            component->fromQVariant(map);
+            _arriving.append(component);
+        }
+    }
+    return std::exchange(_arriving, {});
+}
+
+QVariant Component::toQVariant() const
+{
+    QVariantMap map;
+    Variants::insertIfNotEmpty(map, QStringLiteral("ifc_guid"), guid());
+    Variants::insertIfNotEmpty(map, QStringLiteral("ifc_project"), _ifcProjectId);
+    Variants::insertIfNotEmpty(map, QStringLiteral("originating_system"), _originatingSystem);
+    Variants::insertIfNotEmpty(map, QStringLiteral("authoring_tool_id"), _authoringToolId);
+    return map;
+}
+
+void Component::fromQVariant(const QVariant &variant)
+{
+    const QVariantMap map = variant.toMap();
+    if (map.contains(QStringLiteral("ifc_guid"))) {
+        setGuid(map.value(QStringLiteral("ifc_guid")).toString());
+    }
+    if (map.contains(QStringLiteral("ifc_project"))) {
+        _ifcProjectId = map.value(QStringLiteral("ifc_project")).toString();
+    }
+    _originatingSystem = map.value(QStringLiteral("originating_system")).toString();
+    _authoringToolId = map.value(QStringLiteral("authoring_tool_id")).toString();
+}
+
+} // namespace BCFLib

@@ -1,0 +1,97 @@
+#include "Topic.h"
+
+#include "BimSnippet.h"
+#include "Comment.h"
+#include "DocumentReference.h"
+#include "File.h"
+#include "RelatedTopic.h"
+#include "Tree/Guid.h"
+#include "Variant/Maps.h"
+#include "Viewpoint.h"
+
+namespace BCFLib {
+
+QVariant Topic::toQVariant() const
+{
+    QVariantMap map;
+    map.insert(QStringLiteral("guid"), guid());
+    Variants::insertIfNotEmpty(map, QStringLiteral("topic_type"), _topicType);
+    Variants::insertIfNotEmpty(map, QStringLiteral("topic_status"), _topicStatus);
+    Variants::insertIfNotEmpty(map, QStringLiteral("reference_link"), _referenceLink);
+    map.insert(QStringLiteral("title"), _title);
+    Variants::insertIfNotEmpty(map, QStringLiteral("priority"), _priority);
+    if (_index >= 0) {
+        map.insert(QStringLiteral("index"), _index);
+    }
+    if (!_labels.isEmpty()) {
+        map.insert(QStringLiteral("labels"), _labels);
+    }
+    map.insert(QStringLiteral("creation_date"), Variants::fromDate(_creationDate));
+    map.insert(QStringLiteral("creation_author"), _creationAuthor);
+    if (!_modifiedDate.isNull()) {
+        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate));
+    }
+    Variants::insertIfNotEmpty(map, QStringLiteral("modified_author"), _modifiedAuthor);
+    Variants::insertIfNotEmpty(map, QStringLiteral("assigned_to"), _assignedTo);
+    Variants::insertIfNotEmpty(map, QStringLiteral("description"), _description);
+    if (const BimSnippet *snippet = bimSnippet()) {
+        map.insert(QStringLiteral("bim_snippet"), snippet->toQVariant());
+    }
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("files"), files());
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("document_references"), documentReferences());
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("related_topics"), relatedTopics());
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("comments"), comments());
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("viewpoints"), viewpoints());
+    return map;
+}
+
+void Topic::fromQVariant(const QVariant &variant)
+{
+    const QVariantMap map = variant.toMap();
+    setGuid(guidOrNewId(map.value(QStringLiteral("guid")).toString()));
+    _title = map.value(QStringLiteral("title")).toString();
+    _creationDate = Variants::toDate(map.value(QStringLiteral("creation_date")));
+    _creationAuthor = map.value(QStringLiteral("creation_author")).toString();
+    _topicType = map.value(QStringLiteral("topic_type")).toString();
+    _topicStatus = map.value(QStringLiteral("topic_status")).toString();
+    _referenceLink = map.value(QStringLiteral("reference_link")).toString();
+    _priority = map.value(QStringLiteral("priority")).toString();
+    _index = map.value(QStringLiteral("index"), -1).toInt();
+    _labels = map.value(QStringLiteral("labels")).toStringList();
+    _modifiedDate = Variants::toDate(map.value(QStringLiteral("modified_date")));
+    _modifiedAuthor = map.value(QStringLiteral("modified_author")).toString();
+    _assignedTo = map.value(QStringLiteral("assigned_to")).toString();
+    _description = map.value(QStringLiteral("description")).toString();
+    attachmentsFromQVariant(map);
+    removeComments();
+    removeViewpoints();
+    // Viewpoints before comments, which look up the viewpoint that they speak of.
+    for (const QVariant &form : map.value(QStringLiteral("viewpoints")).toList()) {
+        addViewpoint(QString())->fromQVariant(form);
+    }
+    for (const QVariant &form : map.value(QStringLiteral("comments")).toList()) {
+        addComment(QString())->fromQVariant(form);
+    }
+}
+
+void Topic::attachmentsFromQVariant(const QVariantMap &map)
+{
+    removeBimSnippet();
+    if (map.contains(QStringLiteral("bim_snippet"))) {
+        addBimSnippet()->fromQVariant(map.value(QStringLiteral("bim_snippet")));
+    }
+    removeFiles();
+    for (const QVariant &form : map.value(QStringLiteral("files")).toList()) {
+        addFile()->fromQVariant(form);
+    }
+    removeDocumentReferences();
+    for (const QVariant &form : map.value(QStringLiteral("document_references")).toList()) {
+        addDocumentReference(QString())->fromQVariant(form);
+    }
+    removeRelatedTopics();
+    for (const QVariant &form : map.value(QStringLiteral("related_topics")).toList()) {
+        addRelatedTopic(form.toString());
+    }
+}
+
+} // namespace BCFLib

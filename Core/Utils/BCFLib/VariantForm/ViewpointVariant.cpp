@@ -1,0 +1,178 @@
+#include "Viewpoint.h"
+
+#include "Bitmap.h"
+#include "ClippingPlane.h"
+#include "Components.h"
+#include "Line.h"
+#include "Topic.h"
+
+#include <Core/Utils/Utility/Vec3dVariant.h>
+#include <QVariantMap>
+
+namespace BCFLib {
+
+namespace {
+
+QVariant pointForm(const osg::Vec3d &point)
+{
+    return Tavrin::Vec3dToQVariant(point);
+}
+
+osg::Vec3d pointFromForm(const QVariantMap &map, const QString &key)
+{
+    return Tavrin::Vec3dFromQVariant(map.value(key).toMap());
+}
+
+QVariantMap lineForm(const Line *line)
+{
+    return {{QStringLiteral("start_point"), pointForm(line->startPoint())},
+            {QStringLiteral("end_point"), pointForm(line->endPoint())}};
+}
+
+QVariantMap clippingPlaneForm(const ClippingPlane *plane)
+{
+    return {{QStringLiteral("location"), pointForm(plane->location())},
+            {QStringLiteral("direction"), pointForm(plane->direction())}};
+}
+
+QVariantMap bitmapForm(const Bitmap *bitmap)
+{
+    return {{QStringLiteral("bitmap_type"), static_cast<int>(bitmap->bitmapFormat())},
+            {QStringLiteral("location"), pointForm(bitmap->location())},
+            {QStringLiteral("normal"), pointForm(bitmap->normal())},
+            {QStringLiteral("up"), pointForm(bitmap->up())},
+            {QStringLiteral("height"), bitmap->height()}};
+}
+
+template<class T>
+void insertForms(QVariantMap &map, const QString &key, const QList<T *> &objects,
+                 QVariantMap (*form)(const T *))
+{
+    QVariantList forms;
+    forms.reserve(objects.size());
+    for (const T *object : objects) {
+        forms.append(form(object));
+    }
+    if (!forms.isEmpty()) {
+        map.insert(key, forms);
+    }
+}
+
+/// The image that the value under "snapshot_data" tells: bytes, or the text of a data URL.
+QByteArray imageFromForm(const QVariant &value)
+{
+    const QString prefix = QStringLiteral("data:image/png;base64,");
+    // Of bytes, which as a rule are the image, no more is turned into text than tells what they are.
+    const bool isBytes = value.userType() == QMetaType::QByteArray;
+    const QString beginning =
+        isBytes ? QString::fromUtf8(value.toByteArray().left(2 * prefix.size())) : value.toString();
+    if (!beginning.startsWith(prefix)) {
+        return value.toByteArray();
+    }
+    return QByteArray::fromBase64(value.toString().mid(prefix.size()).toLatin1());
+}
+
+} // namespace
+
+QMap<QString, QVariant> Viewpoint::componentsToQVariant() const
+{
+    return components()->toQVariant().toMap();
+}
+
+void Viewpoint::componentsFromQVariant(const QMap<QString, QVariant> &map)
+{
+    components()->fromQVariant(map);
+}
+
+QVariant Viewpoint::toQVariant() const
+{
+    QVariantMap map;
+    map.insert(QStringLiteral("guid"), guid());
+    const Topic *topic = parentTopic();
+    if (const QByteArray *image = topic != nullptr ? topic->snapshot(guid()) : nullptr) {
+        map.insert(QStringLiteral("snapshot"),
+                   QVariantMap{{QStringLiteral("snapshot_type"), QStringLiteral("png")},
+                               {QStringLiteral("snapshot_data"), *image}});
+    }
+    if (!_viewpointFilename.isEmpty()) {
+        map.insert(QStringLiteral("viewpoint_file"), _viewpointFilename);
+        map.insert(QStringLiteral("snapshot_file"), _snapshotFilename);
+    }
+    if ((_whichCameraIsSet & orthogonalBit) != 0) {
+        map.insert(QStringLiteral("orthogonal_camera"), _orthogonalCamera.toQVariant());
+    }
+    if ((_whichCameraIsSet & perspectiveBit) != 0) {
+        map.insert(QStringLiteral("perspective_camera"), _perspectiveCamera.toQVariant());
+    }
+    insertForms(map, QStringLiteral("lines"), lines(), lineForm);
+    insertForms(map, QStringLiteral("clipping_planes"), clippingPlanes(), clippingPlaneForm);
+    insertForms(map, QStringLiteral("bitmaps"), bitmaps(), bitmapForm);
+    map.insert(QStringLiteral("components"), componentsToQVariant());
+    return map;
+}
+
+void Viewpoint::fromQVariant(const QVariant &variant)
+{
+    const QVariantMap map = variant.toMap();
+    // First, as the image is stored under the guid.
+    if (map.contains(QStringLiteral("guid"))) {
+        setGuid(map.value(QStringLiteral("guid")).toString());
+    }
+    if (map.contains(QStringLiteral("orthogonal_camera"))) {
+        OrthogonalCamera camera;
+        camera.fromQVariant(map.value(QStringLiteral("orthogonal_camera")));
+        setOrthogonalCamera(camera);
+    }
+    if (map.contains(QStringLiteral("perspective_camera"))) {
+        PerspectiveCamera camera;
+        camera.fromQVariant(map.value(QStringLiteral("perspective_camera")));
+        setPerspectiveCamera(camera);
+    }
+    snapshotFromQVariant(map);
+    geometryFromQVariant(map);
+    componentsFromQVariant(map.value(QStringLiteral("components")).toMap());
+}
+
+void Viewpoint::snapshotFromQVariant(const QMap<QString, QVariant> &map)
+{
+    const QVariantMap snapshot = map.value(QStringLiteral("snapshot")).toMap();
+    const QByteArray image = imageFromForm(snapshot.value(QStringLiteral("snapshot_data")));
+    if (image.isEmpty()) {
+        return;
+    }
+    setSnapshot(image);
+    if (map.contains(QStringLiteral("viewpoint_file"))) {
+        _viewpointFilename = map.value(QStringLiteral("viewpoint_file")).toString();
+        _snapshotFilename = map.value(QStringLiteral("snapshot_file")).toString();
+    } else {
+        createFilename();
+    }
+}
+
+void Viewpoint::geometryFromQVariant(const QMap<QString, QVariant> &map)
+{
+    for (const QVariant &form : map.value(QStringLiteral("lines")).toList()) {
+        const QVariantMap lineMap = form.toMap();
+        Line *line = addLine();
+        line->setStartPoint(pointFromForm(lineMap, QStringLiteral("start_point")));
+        line->setEndPoint(pointFromForm(lineMap, QStringLiteral("end_point")));
+    }
+    for (const QVariant &form : map.value(QStringLiteral("clipping_planes")).toList()) {
+        const QVariantMap planeMap = form.toMap();
+        ClippingPlane *plane = addClippingPlane();
+        plane->setLocation(pointFromForm(planeMap, QStringLiteral("location")));
+        plane->setDirection(pointFromForm(planeMap, QStringLiteral("direction")));
+    }
+    for (const QVariant &form : map.value(QStringLiteral("bitmaps")).toList()) {
+        const QVariantMap bitmapMap = form.toMap();
+        Bitmap *bitmap = addBitmap();
+        bitmap->setBitmapFormat(
+            static_cast<BitmapFormat>(bitmapMap.value(QStringLiteral("bitmap_type")).toInt()));
+        bitmap->setLocation(pointFromForm(bitmapMap, QStringLiteral("location")));
+        bitmap->setNormal(pointFromForm(bitmapMap, QStringLiteral("normal")));
+        bitmap->setUp(pointFromForm(bitmapMap, QStringLiteral("up")));
+        bitmap->setHeight(bitmapMap.value(QStringLiteral("height")).toDouble());
+    }
+}
+
+} // namespace BCFLib

@@ -1,0 +1,121 @@
+#include "Elements.h"
+
+#include "Text.h"
+
+#include <QDomDocument>
+
+namespace BCFLib {
+
+Xml::ChildElements::Iterator::Iterator(const QDomNode &firstChild, const QString &name)
+    : _name(name)
+{
+    find(firstChild);
+}
+
+Xml::ChildElements::Iterator &Xml::ChildElements::Iterator::operator++()
+{
+    if (_run) {
+        _element = _run->next();
+        if (!_element.isNull()) {
+            return *this;
+        }
+        _run.reset();
+        const QDomNode passed = _node;
+        find(passed.nextSibling());
+        passed.parentNode().removeChild(passed);
+    } else {
+        find(_node.nextSibling());
+    }
+    return *this;
+}
+
+void Xml::ChildElements::Iterator::find(const QDomNode &node)
+{
+    for (_node = node; !_node.isNull(); _node = _node.nextSibling()) {
+        if (_node.isElement() && _node.nodeName() == _name) {
+            _element = _node.toElement();
+            return;
+        }
+        if (PackedElements::isRun(_node, _name)) {
+            _run.emplace(_node);
+            _element = _run->next();
+            return;
+        }
+    }
+    _element = QDomElement();
+}
+
+QString Xml::attribute(const QDomElement &element, const QString &name)
+{
+    return detached(element.attribute(name));
+}
+
+QString Xml::childText(const QDomElement &parent, const QString &name)
+{
+    return detached(parent.firstChildElement(name).text());
+}
+
+QString Xml::childGuid(const QDomElement &parent, const QString &name)
+{
+    return attribute(parent.firstChildElement(name), QStringLiteral("Guid"));
+}
+
+bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QString *text)
+{
+    const QDomText node = parent.firstChildElement(name).firstChild().toText();
+    if (node.isNull()) {
+        return false;
+    }
+    *text = detached(node.data());
+    return true;
+}
+
+QDateTime Xml::childDate(const QDomElement &parent, const QString &name)
+{
+    return QDateTime::fromString(childText(parent, name), Qt::ISODate).toLocalTime();
+}
+
+QString Xml::dateText(const QDateTime &date)
+{
+    return date.toUTC().toString(Qt::ISODate);
+}
+
+QString Xml::flagText(bool flag)
+{
+    return flag ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+void Xml::setAttribute(QDomElement &element, const QString &name, const QString &value)
+{
+    element.setAttribute(name, writableText(value));
+}
+
+void Xml::setAttributeIfNotEmpty(QDomElement &element, const QString &name, const QString &value)
+{
+    if (!value.isEmpty()) {
+        setAttribute(element, name, value);
+    }
+}
+
+QDomElement Xml::appendElement(QDomDocument &document, QDomNode &parent, const QString &name)
+{
+    QDomElement element = document.createElement(name);
+    parent.appendChild(element);
+    return element;
+}
+
+void Xml::appendText(QDomDocument &document, QDomElement &parent, const QString &name, const QString &text)
+{
+    QDomElement element = appendElement(document, parent, name);
+    element.appendChild(document.createTextNode(writableText(text)));
+}
+
+void Xml::appendTextIfNotEmpty(QDomDocument &document, QDomElement &parent, const QString &name,
+                               const QString &text)
+{
+    if (!text.isEmpty()) {
+        appendText(document, parent, name, text);
+    }
+}
+
+} // namespace BCFLib

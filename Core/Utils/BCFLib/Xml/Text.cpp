@@ -1,0 +1,41 @@
+#include "Text.h"
+
+#include <algorithm>
+
+namespace BCFLib {
+
+namespace {
+
+/// Whether XML 1.0 has no place for this UTF-16 unit outside a surrogate pair.
+bool isUnwritable(ushort unit)
+{
+    const bool isControl = unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r';
+    return isControl || QChar::isSurrogate(unit) || unit >= 0xFFFE;
+}
+
+} // namespace
+
+QString Xml::writableText(const QString &text)
+{
+    const ushort *units = text.utf16();
+    const bool isSuspicious = std::any_of(units, units + text.size(), isUnwritable);
+    if (!isSuspicious) {
+        return text;
+    }
+    QString result = text;
+    for (int i = 0; i < result.size(); ++i) {
+        if (result.at(i).isHighSurrogate() && i + 1 < result.size() && result.at(i + 1).isLowSurrogate()) {
+            ++i;
+        } else if (isUnwritable(result.at(i).unicode())) {
+            result[i] = QChar::ReplacementCharacter;
+        }
+    }
+    return result;
+}
+
+QString Xml::detached(const QString &text)
+{
+    return text.isEmpty() ? text : QString(text.constData(), text.size());
+}
+
+} // namespace BCFLib

@@ -1,0 +1,77 @@
+#!/usr/bin/env python3
+"""check-includes.py
+
+Fails where the library's folders lean on each other in a way that they must not: a folder includes one
+above it, two files include each other, or a header for hosts includes an internal one.
+"""
+import re
+import sys
+from pathlib import Path
+
+LIBRARY = Path(__file__).resolve().parent.parent / "Core/Utils/BCFLib"
+
+# What each folder may include; "." are the classes of hosts, the folders below "." their members.
+INTERNAL = {"Io": [], "Xml": ["Io"], "Zip": ["Io"], "Tree": [], "Variant": []}
+MEMBERS = ["Archive", "Markup", "ViewpointFile", "VariantForm"]
+ALLOWED = {**INTERNAL, ".": list(INTERNAL), **{folder: [".", *INTERNAL] for folder in MEMBERS}}
+
+
+def folder(path):
+    return str(path.relative_to(LIBRARY).parent)
+
+
+def included(path):
+    """The files of the library that one of them includes."""
+    for name in re.findall(r'^\s*#\s*include\s+[<"]([^>"]+)[>"]', path.read_text(), re.M):
+        name = name.removeprefix("Core/Utils/BCFLib/")
+        for candidate in (path.parent / name, LIBRARY / name):
+            if candidate.exists():
+                yield candidate.resolve()
+                break
+
+
+def cycle(graph):
+    """Some files each of which includes the next, and the last the first; None without."""
+    finished = set()
+
+    def walk(path, way):
+        if path in way:
+            return way[way.index(path):]
+        if path in finished:
+            return None
+        for target in graph[path]:
+            found = walk(target, [*way, path])
+            if found:
+                return found
+        finished.add(path)
+        return None
+
+    return next(filter(None, (walk(path, []) for path in graph)), None)
+
+
+def complaints():
+    files = sorted(path.resolve() for path in LIBRARY.rglob("*") if path.suffix in (".h", ".cpp"))
+    graph = {path: sorted(set(included(path))) for path in files}
+    for path, targets in graph.items():
+        source = path.relative_to(LIBRARY)
+        if folder(path) not in ALLOWED:
+            yield f"{source}: no rule says what its folder may include"
+            continue
+        for target in targets:
+            name = target.relative_to(LIBRARY)
+            if folder(target) != folder(path) and folder(target) not in ALLOWED[folder(path)]:
+                yield f"{source} includes {name}, which stands above it or beside"
+            if path.suffix == ".h" and folder(path) == "." and folder(target) != ".":
+                yield f"{source} is for hosts and includes {name}, which is internal"
+    round_trip = cycle(graph)
+    if round_trip:
+        yield "include each other: " + ", ".join(str(path.relative_to(LIBRARY)) for path in round_trip)
+    for path in files:
+        count = len(path.read_text().splitlines())
+        if count > 500:
+            yield f"{path.relative_to(LIBRARY)} has {count} lines; 500 are the most"
+
+
+found = list(complaints())
+print(*found, sep="\n", end="\n" if found else "")
+sys.exit(1 if found else 0)
