@@ -1,23 +1,28 @@
 #!/usr/bin/env bash
-# install-packages.sh [PACKAGE...]
+# install-packages.sh [--qt6] [PACKAGE...]
 #
-# Installs the Debian packages that the build and the tests need, and those that are named, as far as
-# they are missing.
+# Installs the Debian packages that the build and the tests need, with Qt 5 or with Qt 6, and those that
+# are named, as far as they are missing.
 set -euo pipefail
+
+qt_packages=(libquazip1-qt5-dev qtbase5-dev qttools5-dev-tools)
+if [ "${1:-}" = --qt6 ]; then
+    qt_packages=(libquazip1-qt6-dev qt6-base-dev qt6-l10n-tools)
+    shift
+fi
 
 packages=(
     build-essential
     cmake
+    libexpat1-dev
     liblog4cplus-dev
     libopenscenegraph-dev
-    libquazip1-qt5-dev
     ninja-build
     pkg-config
     python3
-    qtbase5-dev
-    qttools5-dev-tools
     unzip
     zlib1g-dev
+    "${qt_packages[@]}"
     "$@"
 )
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # run-tests.sh [PRESET [CMAKE OPTION...]]
 #
-# Builds everything with a preset of CMakePresets.json, by default "release", and runs all tests.
+# Builds everything with a preset of CMakePresets.json, by default "release", and runs all tests. The
+# preset "qt6" builds with Qt 6 in place of Qt 5.
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -9,7 +10,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 preset=${1:-release}
 shift || true
 
-Scripts/install-packages.sh
+qt=()
+[ "$preset" != qt6 ] || qt=(--qt6)
+Scripts/install-packages.sh "${qt[@]}"
 cmake --preset "$preset" "$@"
 cmake --build --preset "$preset" --parallel "$(nproc)"
 ctest --preset "$preset" --parallel "$(nproc)"
