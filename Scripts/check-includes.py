@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""check-includes.py
+"""check-includes.py [--draw FILE]
 
 Fails where the library's folders lean on each other in a way that they must not: a folder includes one
 above it, two files include each other, or a header for hosts includes an internal one.
+
+With --draw it writes a picture of the folders for Graphviz instead: which includes which.
 """
 import re
 import sys
@@ -10,7 +12,19 @@ from pathlib import Path
 
 LIBRARY = Path(__file__).resolve().parent.parent / "Core/Utils/BCFLib"
 
-# What each folder may include; "." are the classes of hosts, the folders below "." their members.
+PROMISES = {
+    "Io": "bytes within bounds",
+    "Xml": "XML text and documents",
+    "Zip": "one archive within its budget",
+    "Tree": "searches below an object",
+    "Variant": "maps and lists",
+    ".": "the classes of hosts",
+    "Archive": "loading and saving",
+    "Markup": "markup.bcf",
+    "ViewpointFile": "the viewpoint file",
+    "VariantForm": "the variant form",
+}
+# What each folder may include. "." are the classes of hosts; the folders after it hold their members.
 INTERNAL = {"Io": [], "Xml": ["Io"], "Zip": ["Io"], "Tree": [], "Variant": []}
 MEMBERS = ["Archive", "Markup", "ViewpointFile", "VariantForm"]
 ALLOWED = {**INTERNAL, ".": list(INTERNAL), **{folder: [".", *INTERNAL] for folder in MEMBERS}}
@@ -49,9 +63,33 @@ def cycle(graph):
     return next(filter(None, (walk(path, []) for path in graph)), None)
 
 
-def complaints():
+def include_graph():
     files = sorted(path.resolve() for path in LIBRARY.rglob("*") if path.suffix in (".h", ".cpp"))
-    graph = {path: sorted(set(included(path))) for path in files}
+    return {path: sorted(set(included(path))) for path in files}
+
+
+def picture(graph):
+    """The folders as boxes, one row for each level, an arrow where one includes another."""
+    lines = [
+        "digraph folders {",
+        '    graph [fontname="Helvetica", bgcolor="transparent", nodesep=0.4, ranksep=0.7]',
+        '    node [shape=box, style="rounded,filled", fillcolor="#eef3f8", color="#5b7a99",',
+        '          fontname="Helvetica", fontsize=11]',
+        '    edge [color="#5b7a99", arrowsize=0.6]',
+    ]
+    for name, promise in PROMISES.items():
+        title = "BCFLib" if name == "." else name
+        lines.append(f'    "{name}" [label="{title}\\n{promise}"]')
+    for row in (MEMBERS, list(INTERNAL)[1:]):
+        lines.append("    { rank=same; " + " ".join(f'"{name}"' for name in row) + " }")
+    # The classes of hosts between the two rows, whatever they include.
+    lines += [f'    "." -> "{name}" [style=invis]' for name in list(INTERNAL)[1:]]
+    arrows = {(folder(path), folder(target)) for path, targets in graph.items() for target in targets}
+    lines += [f'    "{begin}" -> "{end}"' for begin, end in sorted(arrows) if begin != end]
+    return "\n".join([*lines, "}", ""])
+
+
+def complaints(graph):
     for path, targets in graph.items():
         source = path.relative_to(LIBRARY)
         if folder(path) not in ALLOWED:
@@ -66,12 +104,16 @@ def complaints():
     round_trip = cycle(graph)
     if round_trip:
         yield "include each other: " + ", ".join(str(path.relative_to(LIBRARY)) for path in round_trip)
-    for path in files:
+    for path in graph:
         count = len(path.read_text().splitlines())
         if count > 500:
             yield f"{path.relative_to(LIBRARY)} has {count} lines; 500 are the most"
 
 
-found = list(complaints())
+if sys.argv[1:2] == ["--draw"]:
+    Path(sys.argv[2]).write_text(picture(include_graph()))
+    sys.exit()
+
+found = list(complaints(include_graph()))
 print(*found, sep="\n", end="\n" if found else "")
 sys.exit(1 if found else 0)

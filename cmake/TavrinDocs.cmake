@@ -17,6 +17,7 @@ list(JOIN doxygen_input " \\\n    " doxygen_input)
 configure_file(Docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 add_custom_target(docs
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/docs
+    COMMAND ${PROJECT_SOURCE_DIR}/Scripts/check-includes.py --draw ${PROJECT_BINARY_DIR}/docs/folders.dot
     COMMAND Doxygen::doxygen ${PROJECT_BINARY_DIR}/Doxyfile
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
     COMMENT "API reference in ${PROJECT_BINARY_DIR}/docs/html"

@@ -34,8 +34,10 @@ versions 1.0, 2.0 and 2.1 of the format, as a tree of Qt objects.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libtavrin-bcflib-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 # What the headers include; the programs that link to the library need no more.
+set(qt_development_5 qtbase5-dev)
+set(qt_development_6 qt6-base-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "qtbase5-dev (>= 5.15), liblog4cplus-dev (>= 2), libopenscenegraph-dev")
+    "${qt_development_${TAVRIN_QT}} (>= ${TAVRIN_QT_OLDEST}), liblog4cplus-dev (>= 2), libopenscenegraph-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "issue archives of the BIM Collaboration Format - development
 Headers, CMake package, pkg-config files and sample of the library that loads
