@@ -33,7 +33,9 @@ QByteArray textOf(const QDomDocument &document)
 {
     QByteArray text;
     QTextStream stream(&text);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     stream.setCodec("UTF-8");
+#endif
     document.save(stream, 4, QDomNode::EncodingFromTextStream);
     stream.flush();
     return text;

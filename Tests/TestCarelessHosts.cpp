@@ -111,7 +111,7 @@ void forAllTexts(QObject *object, const std::function<void(QObject *, const QMet
         const QMetaProperty property = object->metaObject()->property(i);
         // The version says how to read the archive, and paths and names of images have to be true.
         const QString name = property.name();
-        if (property.type() == QVariant::String && !name.contains("ersion") && name != "_filename"
+        if (property.userType() == QMetaType::QString && !name.contains("ersion") && name != "_filename"
             && name != "_snapshotFilename" && name != "_errorString") {
             visit(object, property);
         }

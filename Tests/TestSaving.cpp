@@ -42,7 +42,7 @@ QString tags(const QByteArray &xml)
     QXmlStreamReader reader(xml);
     while (!xml.isEmpty() && !reader.atEnd()) {
         reader.readNext();
-        result += '\n' + reader.name() + (reader.isWhitespace() ? QString() : reader.text().toString());
+        result += '\n' + reader.name().toString() + (reader.isWhitespace() ? QString() : reader.text().toString());
         QStringList attributes;
         for (const QXmlStreamAttribute &attribute : reader.attributes()) {
             attributes.append(QStringLiteral(" %1=\"%2\"").arg(attribute.name(), attribute.value()));

@@ -32,6 +32,11 @@ void TestUtilities::truthOfVariants_data()
     QTest::addColumn<QVariant>("variant");
     QTest::addColumn<Tavrin::Boolean>("truth");
 
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QVariant nullBool(QVariant::Bool);
+#else
+    const QVariant nullBool(QMetaType::fromType<bool>());
+#endif
     QTest::newRow("true is true") << QVariant(true) << BooleanTrue;
     QTest::newRow("false is false") << QVariant(false) << BooleanFalse;
     QTest::newRow("1 is the text of true") << QVariant("1") << BooleanTrue;
@@ -42,7 +47,7 @@ void TestUtilities::truthOfVariants_data()
     QTest::newRow("a longer number is another text") << QVariant("10") << BooleanUnset;
     QTest::newRow("an empty text says nothing") << QVariant("") << BooleanUnset;
     QTest::newRow("no variant says nothing") << QVariant() << BooleanUnset;
-    QTest::newRow("a null bool says nothing") << QVariant(QVariant::Bool) << BooleanUnset;
+    QTest::newRow("a null bool says nothing") << nullBool << BooleanUnset;
     QTest::newRow("a number below 1 is true") << QVariant(0.25) << BooleanTrue;
     QTest::newRow("a zero is false") << QVariant(qlonglong(0)) << BooleanFalse;
     QTest::newRow("a list says nothing") << QVariant(QVariantList{true}) << BooleanUnset;
@@ -57,7 +62,7 @@ void TestUtilities::truthOfVariants()
 
     QCOMPARE(Tavrin::fromVariant(variant), truth);
     QCOMPARE(Tavrin::toBool(truth), truth == BooleanTrue);
-    if (variant.type() == QVariant::String) {
+    if (variant.userType() == QMetaType::QString) {
         QCOMPARE(Tavrin::toBoolean(variant.toString()), truth);
         QCOMPARE(Tavrin::toBool(variant.toString()), truth == BooleanTrue);
     }

@@ -11,11 +11,9 @@
 #include <QColor>
 #include <QJsonDocument>
 #include <QPointer>
-#include <QSize>
 #include <QTest>
 
 #include <algorithm>
-#include <ctime>
 #include <limits>
 
 using namespace BCFLib;
@@ -107,8 +105,6 @@ private slots:
     void setsAreWrittenWhereTheyAreNotRead();
     void liveTopic();
     void datesAndBytes();
-    void time_data();
-    void time();
 };
 
 void TestVariants::topics_data()
@@ -367,62 +363,6 @@ void TestVariants::datesAndBytes()
     QCOMPARE(rebuilt.viewpoint("v")->whichCameraIsSet(), 2);
     QCOMPARE(rebuilt.viewpoint("v")->orthogonalCamera().viewToWorldScale, camera.viewToWorldScale);
     QVERIFY(rebuilt.viewpoint("v")->orthogonalCamera().cameraUpVector == camera.cameraUpVector);
-}
-
-void TestVariants::time_data()
-{
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QSize>("one");
-    QTest::addColumn<QSize>("tenth");
-
-    // Viewpoints of a topic and components of each of them.
-    QTest::newRow("many viewpoints in sets form") << "2.1" << QSize(1000, 20) << QSize(100, 20);
-    QTest::newRow("many viewpoints in list form") << "2.0" << QSize(1000, 20) << QSize(100, 20);
-    QTest::newRow("many components in sets form") << "2.1" << QSize(1, 20000) << QSize(1, 2000);
-    QTest::newRow("many components in list form") << "2.0" << QSize(1, 20000) << QSize(1, 2000);
-}
-
-void TestVariants::time()
-{
-    QFETCH(QString, version);
-    QFETCH(QSize, one);
-    QFETCH(QSize, tenth);
-
-    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
-    const auto addTopicOf = [&model](const QSize &size) {
-        QStringList elements;
-        for (int i = 0; i < size.height(); ++i) {
-            elements.append(QStringLiteral("2O2Fr$t4X7Zf8NOe%1").arg(i, 6));
-        }
-        Topic *topic = addTopic(model);
-        Viewpoint source("v", nullptr);
-        source.components()->setSelectionComponents(elements);
-        for (int i = 0; i < size.width(); ++i) {
-            topic->addViewpoint(QString())->componentsFromQVariant(source.componentsToQVariant());
-        }
-        return topic;
-    };
-    // Processor time, which others on the machine disturb less.
-    const auto rebuild = [&model](const QList<Topic *> &topics, double *best) {
-        const std::clock_t start = std::clock();
-        for (const Topic *topic : topics) {
-            delete new Topic(topic->toQVariant(), model.data());
-        }
-        *best = qMin(*best, 1000.0 * (std::clock() - start) / CLOCKS_PER_SEC);
-    };
-    const QList<Topic *> large{addTopicOf(one)};
-    QList<Topic *> small;
-    for (int i = 0; i < 10; ++i) {
-        small.append(addTopicOf(tenth));
-    }
-    double ofLarge = std::numeric_limits<double>::max();
-    double ofSmall = ofLarge;
-    for (int run = 0; run < 4; ++run) {
-        rebuild(large, &ofLarge);
-        rebuild(small, &ofSmall);
-    }
-    qInfo("%s: one topic %.0f ms, as ten topics %.0f ms", QTest::currentDataTag(), ofLarge, ofSmall);
-    QVERIFY(ofLarge < 3 * ofSmall);
 }
 
 QTEST_GUILESS_MAIN(TestVariants)

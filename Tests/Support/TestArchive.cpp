@@ -94,7 +94,7 @@ QString textOf(const QVariant &value)
     if (value.userType() >= QMetaType::User) {
         return QString::number(value.toInt());
     }
-    return value.type() == QVariant::StringList ? value.toStringList().join(',') : value.toString();
+    return value.userType() == QMetaType::QStringList ? value.toStringList().join(',') : value.toString();
 }
 
 } // namespace
