@@ -20,6 +20,7 @@ packages=(
     ninja-build
     pkg-config
     python3
+    python3-jsonschema
     unzip
     zlib1g-dev
     "${qt_packages[@]}"

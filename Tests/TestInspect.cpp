@@ -4,11 +4,8 @@
 
 #include <Core/Utils/BCFLib/BCFModel.h>
 #include <Core/Utils/BCFLib/Topic.h>
+#include <Core/Utils/BCFLib/Viewpoint.h>
 
-#include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -49,7 +46,6 @@ private slots:
     void exitStatus();
     void report();
     void hostileTexts();
-    void json();
     void save();
 
 private:
@@ -97,34 +93,26 @@ void TestInspect::hostileTexts()
 {
     const QString path = _folder.filePath("hostile.bcf");
     const QSharedPointer<BCFLib::BCFModel> model = BCFLib::BCFModel::Create(nullptr);
+    BCFLib::PerspectiveCamera camera;
+    camera.cameraViewPoint = osg::Vec3d(2600123.456, 1200000.0, -0.1);
     const QString title = QStringLiteral("\u009b31m\u007f\u202eder ") + QString(200, QChar(0x6F22));
-    model->addTopic(title, "a", QDateTime::currentDateTime(), QString());
+    model->addTopic(title, "a", QDateTime::currentDateTime(), QString())
+        ->addViewpoint(QString())
+        ->setPerspectiveCamera(camera);
     QVERIFY(model->serialize(path));
     const QString out = inspect({path}).out;
+    QVERIFY(out.contains("at (2600123.456, 1200000, -0.1)"));
     QVERIFY(out.contains(QStringLiteral("\ufffd31m\ufffd\ufffdder")));
     QVERIFY(!out.contains(QRegularExpression("[\\x00-\\x09\\x0b-\\x1f\\x7f-\\x9f\\x{202e}]")));
     QVERIFY(!out.contains(QString(41, QChar(0x6F22)))); // 40 wide characters fill a line
-}
-
-void TestInspect::json()
-{
-    const QJsonDocument document = QJsonDocument::fromJson(inspect({"--json", _sample}).out.toUtf8());
-    QCOMPARE(document.array().size(), 3);
-    for (const QJsonValue &topic : document.array()) {
-        for (const QJsonValue &viewpoint : topic["viewpoints"].toArray()) {
-            const QJsonValue snapshot = viewpoint["snapshot"];
-            const QStringList url = snapshot["snapshot_data"].toString().split(',');
-            QCOMPARE(url.first(), QStringLiteral("data:image/png;base64"));
-            QVERIFY(!QImage::fromData(QByteArray::fromBase64(url.last().toLatin1()), "PNG").isNull());
-        }
-    }
 }
 
 void TestInspect::save()
 {
     const QString saved = _folder.filePath("saved.bcf");
     QCOMPARE(inspect({"--save", saved, _sample}).status, 0);
-    QCOMPARE(inspect({"--json", saved}).out, inspect({"--json", _sample}).out);
+    const auto topics = [](const Run &run) { return run.out.mid(run.out.indexOf("\"topics\"")); };
+    QCOMPARE(topics(inspect({"--json", saved})), topics(inspect({"--json", _sample})));
 
     // What could not be loaded must not take the place of a good archive, nor must what was loaded in part.
     QCOMPARE(inspect({"--save", saved, _noArchive}).status, 1);
@@ -133,6 +121,12 @@ void TestInspect::save()
     inspect({whole.addTopic("", header).add("a.txt", "stays in the cache").write()});
     QCOMPARE(inspect({"--save", saved, torso.addTopic("", header).write()}).status, 1);
     QCOMPARE(inspect({saved}).status, 0);
+
+    // What a newer version holds elsewhere would be gone for good.
+    TestArchive newer("3.0");
+    const QString path = newer.addTopic("<Title>T</Title>").write();
+    QCOMPARE(inspect({"--save", path, path}).status, 1);
+    QVERIFY(TestArchive::entry(path, "bcf.version").contains("3.0"));
 }
 
 QTEST_GUILESS_MAIN(TestInspect)

@@ -1,8 +1,13 @@
 #include "JsonWriter.h"
 
-#include <Core/Utils/BCFLib/BCFModel.h>
-#include <Core/Utils/BCFLib/Topic.h>
+#include "Archive.h"
 
+#include <Core/Utils/BCFLib/BCFModel.h>
+#include <Core/Utils/BCFLib/Project.h>
+#include <Core/Utils/BCFLib/Topic.h>
+#include <Core/Utils/BCFLib/Version.h>
+
+#include <QDateTime>
 #include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,11 +18,18 @@ namespace {
 
 QJsonValue toJson(const QVariant &value);
 
+/// An invalid date is an empty text.
+QString toUtc(const QString &date)
+{
+    return QDateTime::fromString(date, Qt::ISODate).toUTC().toString(Qt::ISODate);
+}
+
 QJsonObject toJsonObject(const QVariantMap &map)
 {
     QJsonObject object;
     for (QVariantMap::const_iterator it = map.cbegin(); it != map.cend(); ++it) {
-        object.insert(it.key(), toJson(it.value()));
+        const bool isDate = it.key().endsWith(QLatin1String("date"));
+        object.insert(it.key(), isDate ? toUtc(it.value().toString()) : toJson(it.value()));
     }
     return object;
 }
@@ -51,15 +63,49 @@ QJsonValue toJson(const QVariant &value)
     }
 }
 
+QJsonValue textOrNull(const QString &text)
+{
+    return text.isNull() ? QJsonValue() : QJsonValue(text);
+}
+
+QJsonValue toJson(const BCFLib::Version *version)
+{
+    if (version == nullptr) {
+        return QJsonValue();
+    }
+    return QJsonObject{{QStringLiteral("version_id"), version->versionId()},
+                       {QStringLiteral("detailed_version"), version->detailedVersion()}};
+}
+
+QByteArray compact(const QJsonObject &object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
-void writeJson(const BCFLib::BCFModel &model, QIODevice &out)
+void writeJson(const Archive &archive, QIODevice &out)
 {
-    const char *separator = "[";
-    for (const BCFLib::Topic *topic : model.topics()) {
+    const BCFLib::Project *const project = archive.model->project();
+    const QByteArray head = compact({
+        {QStringLiteral("path"), archive.path},
+        {QStringLiteral("written_version"), textOrNull(archive.file.version)},
+        {QStringLiteral("version"), toJson(archive.model->version())},
+        {QStringLiteral("project"), project ? toJson(project->toQVariant()) : QJsonValue()},
+        {QStringLiteral("usable"), archive.usable},
+        {QStringLiteral("title"), archive.title},
+        {QStringLiteral("message"), archive.message},
+        {QStringLiteral("error"), archive.model->errorString()},
+        {QStringLiteral("problems"), QJsonArray::fromStringList(archive.problems())},
+        {QStringLiteral("warning"), archive.warning()},
+    });
+    // The topics are the last member, written one by one.
+    out.write(head.left(head.size() - 1) + ",\"topics\":[");
+    const char *separator = "";
+    for (const BCFLib::Topic *topic : archive.model->topics()) {
         out.write(separator);
-        out.write(QJsonDocument(toJsonObject(topic->toQVariant().toMap())).toJson(QJsonDocument::Compact));
+        out.write(compact(toJsonObject(topic->toQVariant().toMap())));
         separator = ",";
     }
-    out.write(model.topics().isEmpty() ? "[]\n" : "]\n");
+    out.write("]}\n");
 }

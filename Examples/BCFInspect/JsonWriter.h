@@ -1,16 +1,14 @@
 #ifndef BCFINSPECT_JSONWRITER_H
 #define BCFINSPECT_JSONWRITER_H
 
-namespace BCFLib {
-class BCFModel;
-}
-
+struct Archive;
 class QIODevice;
 
-/// Writes the variant form of every topic as one JSON array on one line.
+/// Writes one archive as a JSON object on one line, as Docs/bcf-inspect.schema.json describes it.
 ///
-/// Images become data URLs, the form in which a viewpoint takes them back. Only one topic at a time
-/// is held as text.
-void writeJson(const BCFLib::BCFModel &model, QIODevice &out);
+/// Topics are in their variant form, but for two things: images are data URLs, the form in which a
+/// viewpoint takes them back, and dates are in UTC, as a local one means nothing to whoever reads it
+/// elsewhere. Only one topic at a time is held as text.
+void writeJson(const Archive &archive, QIODevice &out);
 
 #endif

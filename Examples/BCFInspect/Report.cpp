@@ -135,6 +135,14 @@ QString yesOrNo(bool value)
     return value ? QStringLiteral("yes") : QStringLiteral("no");
 }
 
+void printVerdict(const QStringList &problems, Report &report)
+{
+    report.field(QStringLiteral("Usable"), yesOrNo(problems.isEmpty()));
+    for (const QString &problem : problems) {
+        report.field(QStringLiteral("Problem"), problem);
+    }
+}
+
 Report::Report(QTextStream &out)
     : _out(out)
 {

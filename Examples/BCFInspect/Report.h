@@ -24,6 +24,11 @@ QString countText(qint64 count);
 
 QString yesOrNo(bool value);
 
+class Report;
+
+/// The field "Usable", and if there are @p problems a field for each.
+void printVerdict(const QStringList &problems, Report &report);
+
 /// Named values in two columns, no line longer than 80 columns of a terminal.
 ///
 /// Long values wrap with a hanging indent, an absent one is shown as "-". All texts pass through

@@ -1,5 +1,6 @@
 #include "TopicPrinter.h"
 
+#include "ArchiveCheck.h"
 #include "Report.h"
 #include "ViewpointPrinter.h"
 
@@ -71,7 +72,7 @@ void TopicPrinter::print(const BCFLib::Topic &topic, int number, int count)
 void TopicPrinter::printFields(const BCFLib::Topic &topic)
 {
     _report.field(QStringLiteral("Guid"), topic.guid());
-    _report.field(QStringLiteral("Usable"), yesOrNo(topic.isValid()));
+    printVerdict(ArchiveCheck::problems(topic), _report);
     _report.field(QStringLiteral("Type"), topic.topicType());
     _report.field(QStringLiteral("Status"), topic.topicStatus());
     _report.field(QStringLiteral("Priority"), topic.priority());

@@ -1,11 +1,13 @@
 #include "ViewpointPrinter.h"
 
+#include "ArchiveCheck.h"
 #include "Report.h"
 
 #include <Core/Utils/BCFLib/BCF_2_0_Component.h>
 #include <Core/Utils/BCFLib/BCF_2_0_Viewpoint.h>
 #include <Core/Utils/BCFLib/Components.h>
 
+#include <QLocale>
 #include <QStringList>
 
 namespace {
@@ -13,9 +15,10 @@ namespace {
 constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
 
+/// As many digits as tell the number from its neighbours: models stand in coordinates of the country.
 QString numberText(double number)
 {
-    return QString::number(number, 'g', 6);
+    return QString::number(number, 'g', QLocale::FloatingPointShortest);
 }
 
 QString pointText(const osg::Vec3d &point)
@@ -112,7 +115,7 @@ void printViewpoint(const BCFLib::Viewpoint &viewpoint, const QByteArray *snapsh
 {
     const BCF_2_0_Lib::Viewpoint *const listForm = qobject_cast<const BCF_2_0_Lib::Viewpoint *>(&viewpoint);
 
-    report.field(QStringLiteral("Usable"), yesOrNo(viewpoint.isValid()));
+    printVerdict(ArchiveCheck::problems(viewpoint), report);
     report.field(QStringLiteral("Form"), listForm ? QStringLiteral("list") : QStringLiteral("sets"));
     report.field(QStringLiteral("File"), viewpoint.viewpointFilename());
     printCameras(viewpoint, report);

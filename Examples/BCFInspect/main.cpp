@@ -1,5 +1,6 @@
 // bcf-inspect: shows what stands in issue archives, or saves one of them again.
 
+#include "Archive.h"
 #include "JsonWriter.h"
 #include "LoadRunner.h"
 #include "ProgressBar.h"
@@ -32,27 +33,9 @@ struct Options
     QString saveTo;
 };
 
-struct Verdict
-{
-    bool usable;
-    QString title;
-    QString message;
-};
-
 void complain(const QString &text)
 {
     std::fprintf(stderr, "bcf-inspect: %s\n", printableLine(text).toUtf8().constData());
-}
-
-Verdict verdictOn(const BCFLib::BCFModel &model, const QString &path)
-{
-    Verdict verdict;
-    verdict.usable = model.isValid(path, verdict.message, verdict.title);
-    // Without a message the title says nothing: that of a good archive reads "Error" too.
-    if (verdict.message.isEmpty()) {
-        verdict.title.clear();
-    }
-    return verdict;
 }
 
 QString sizeText(const QString &path)
@@ -72,18 +55,22 @@ QString projectText(const BCFLib::Project *project)
     return project ? joined({project->name(), project->guid()}) : QString();
 }
 
-void printArchive(const BCFLib::BCFModel &model, const QString &path, const Verdict &verdict,
-                  QTextStream &out)
+void printArchive(const Archive &archive, QTextStream &out)
 {
+    const BCFLib::BCFModel &model = *archive.model;
     Report report(out);
-    report.heading(path, QLatin1Char('='));
-    report.field(QStringLiteral("Size"), sizeText(path));
-    report.field(QStringLiteral("Version"), versionText(model.version()));
+    report.heading(archive.path, QLatin1Char('='));
+    report.field(QStringLiteral("Size"), sizeText(archive.path));
+    report.field(QStringLiteral("Says version"), archive.file.version);
+    report.field(QStringLiteral("Read as"), versionText(model.version()));
     report.field(QStringLiteral("Project"), projectText(model.project()));
     report.field(QStringLiteral("Load error"), model.errorString());
-    report.field(QStringLiteral("Usable"), yesOrNo(verdict.usable));
-    report.field(QStringLiteral("Title"), verdict.title);
-    report.field(QStringLiteral("Message"), verdict.message);
+    if (!archive.warning().isEmpty()) {
+        report.field(QStringLiteral("Warning"), archive.warning());
+    }
+    printVerdict(archive.problems(), report);
+    report.field(QStringLiteral("Title"), archive.title);
+    report.field(QStringLiteral("Message"), archive.message);
     TopicPrinter(model, report).printAll();
     out << '\n';
 }
@@ -101,28 +88,48 @@ bool save(BCFLib::BCFModel &model, const QString &path)
     return std::rename(QFile::encodeName(unfinished).constData(), QFile::encodeName(path).constData()) == 0;
 }
 
+bool isSameFile(const QString &path, const QString &other)
+{
+    return QFileInfo(path).canonicalFilePath() == QFileInfo(other).canonicalFilePath();
+}
+
+/// Why the archive is not to be saved to @p path although it is loaded; empty if nothing is against it.
+QString objection(const Archive &archive, const QString &path)
+{
+    if (!archive.warning().isEmpty() && isSameFile(archive.path, path)) {
+        return QStringLiteral("read only in part, so it can be saved under another name only");
+    }
+    return QString();
+}
+
 bool inspect(const QString &path, const Options &options, QFile &out)
 {
     ProgressBar bar(QFileInfo(path).fileName());
-    const QSharedPointer<BCFLib::BCFModel> model = loadInThread(path, bar);
-    const Verdict verdict = verdictOn(*model, path);
+    const Archive archive = judged(loadInThread(path, bar), path);
 
     if (options.json) {
-        writeJson(*model, out);
+        writeJson(archive, out);
     } else {
         QTextStream text(&out);
-        printArchive(*model, path, verdict, text);
+        printArchive(archive, text);
     }
-    if (!verdict.usable) {
-        complain(path + QStringLiteral(": ")
-                 + (QFileInfo::exists(path) ? verdict.message : QStringLiteral("no such file")));
+    if (!archive.warning().isEmpty()) {
+        complain(archive.warning());
+    }
+    for (const QString &problem : archive.problems()) {
+        complain(path + QStringLiteral(": ") + problem);
     }
 
-    if (options.save && !save(*model, options.saveTo)) {
-        complain(options.saveTo + QStringLiteral(": can't be saved"));
+    if (!options.save) {
+        return archive.usable;
+    }
+    const QString reason = objection(archive, options.saveTo);
+    if (!reason.isEmpty() || !save(*archive.model, options.saveTo)) {
+        complain(options.saveTo + QStringLiteral(": ")
+                 + (reason.isEmpty() ? QStringLiteral("can't be saved") : reason));
         return false;
     }
-    return verdict.usable;
+    return archive.usable;
 }
 
 /// Whatever the locale says: names on the command line are read and texts are written as UTF-8,
@@ -141,9 +148,8 @@ QString readCommandLine(QCommandLineParser &parser, Options &options)
                                   QStringLiteral("Show the options and end."));
     parser.addOption(help);
     const QCommandLineOption version = parser.addVersionOption();
-    const QCommandLineOption json(
-        QStringLiteral("json"),
-        QStringLiteral("Print one JSON array of topics for each archive, one on a line."));
+    const QCommandLineOption json(QStringLiteral("json"),
+                                  QStringLiteral("Print one JSON object for each archive, one on a line."));
     const QCommandLineOption saveTo(QStringLiteral("save"), QStringLiteral("Save what was loaded to <out>."),
                                     QStringLiteral("out"));
     parser.setApplicationDescription(

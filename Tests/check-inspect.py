@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+"""check-inspect.py BCF_INSPECT SCHEMA ARCHIVE...
+
+Runs bcf-inspect --json on the archives, on those in BCF_CORPUS_DIR if it is set, and on broken ones that
+it makes, and holds each line against the schema and each reason against what was broken.
+"""
+
+import copy
+import json
+import os
+import subprocess
+import sys
+import tempfile
+import zipfile
+from pathlib import Path
+
+import jsonschema
+
+PROGRAM, SCHEMA, *ARCHIVES = sys.argv[1:]
+
+TOPIC = '<Topic Guid="t"><Title>T</Title><CreationAuthor>a</CreationAuthor>' \
+        '<CreationDate>2024-03-14T09:00:00Z</CreationDate></Topic>'
+
+
+def viewpoint(image='<Snapshot>snapshot.png</Snapshot>', name='viewpoint.bcfv'):
+    return f'<Viewpoints Guid="v"><Viewpoint>{name}</Viewpoint>{image}</Viewpoints>'
+
+
+def archive(topic=TOPIC, rest='', version='<Version VersionId="2.1"/>', **files):
+    """The entries of an archive with one topic."""
+    entries = {'t/markup.bcf': f'<Markup>{topic}{rest}</Markup>'}
+    if version is not None:
+        entries['bcf.version'] = version
+    entries.update({f't/{name.replace("_", ".")}': content for name, content in files.items()})
+    return entries
+
+
+# What is broken, and a part of each problem that has to be told, or of the warning.
+BROKEN = {
+    'guid': (archive(TOPIC.replace('"t"', '""')), ['it has no guid']),
+    'title': (archive(TOPIC.replace('>T<', '><')), ['Topic "t": it has no title']),
+    'author and date': (archive('<Topic Guid="t"><Title>T</Title><CreationDate>x</CreationDate></Topic>'),
+                        ['no creation author', 'no creation date']),
+    'viewpoint file': (archive(rest=viewpoint('', 'v.bcfv')), ['named viewpoint.bcfv']),
+    'image': (archive(rest=viewpoint()), ['viewpoint 1 lacks its image "snapshot.png"']),
+    'attachment': (archive(rest='<Header><File isExternal="false"><Filename>a.ifc</Filename></File></Header>'),
+                   ['File "a.ifc" doesn\'t exist']),
+    'damaged version': (archive(version='<Version'), ['bcf.version in the archive is damaged']),
+}
+WARNED = {
+    'version 3.0': (archive(version='<Version VersionId="3.0"/>'), 'is of version 3.0'),
+    'version without a name': (archive(version='<Version/>'), "doesn't say its version"),
+    'version 2.1': (archive(), ''),
+    'no version': (archive(version=None), ''),
+}
+
+
+def inspect(*paths):
+    run = subprocess.run([PROGRAM, '--json', *map(str, paths)], capture_output=True, encoding='utf-8',
+                         env={**os.environ, 'TZ': 'Asia/Kolkata'}, check=False)
+    lines = [json.loads(line) for line in run.stdout.splitlines()]
+    assert [line['path'] for line in lines] == list(map(str, paths)), 'one line for each archive'
+    assert run.returncode == (0 if all(line['usable'] for line in lines) else 1)
+    return lines
+
+
+def write(path, entries):
+    with zipfile.ZipFile(path, 'w') as file:
+        for name, content in entries.items():
+            file.writestr(name, content)
+    return path
+
+
+def main():
+    schema = json.loads(Path(SCHEMA).read_text(encoding='utf-8'))
+    jsonschema.Draft202012Validator.check_schema(schema)
+    validator = jsonschema.Draft202012Validator(schema)
+
+    corpus = os.environ.get('BCF_CORPUS_DIR')
+    found = sorted(Path(corpus).glob('*.bcf*')) if corpus else []
+    lines = inspect(*ARCHIVES, *found)
+
+    with tempfile.TemporaryDirectory() as folder:
+        at = Path(folder)
+        for name, (entries, problems) in BROKEN.items():
+            line, = inspect(write(at / name, entries))
+            assert len(line['problems']) == len(problems), (name, line['problems'])
+            for problem, told in zip(problems, line['problems']):
+                assert problem in told, (name, told)
+            lines.append(line)
+        for name, (entries, warning) in WARNED.items():
+            line, = inspect(write(at / name, entries))
+            assert (warning in line['warning']) and bool(warning) == bool(line['warning']), (name, line)
+            lines.append(line)
+
+        whole = Path(ARCHIVES[0]).read_bytes()
+        (at / 'cut').write_bytes(whole[:len(whole) // 2])
+        (at / 'empty').write_bytes(b'')
+        for path, problem in [('cut', 'is cut off'), ('empty', 'is empty'), ('.', 'is a folder'),
+                              ('none', 'There is no file'), (__file__, 'is no zip archive')]:
+            line, = inspect(at / path)
+            assert len(line['problems']) == 1 and problem in line['problems'][0], (path, line)
+            lines.append(line)
+
+    for line in lines:
+        validator.validate(line)
+
+    # The schema is no sieve that lets everything through.
+    good = lines[0]
+    assert good['topics'][0]['viewpoints'][0]['snapshot'] and good['topics'][0]['comments']
+    for spoil in (lambda line: line.pop('usable'),
+                  lambda line: line['problems'].append('none'),
+                  lambda line: line['topics'][0].update(creation_date='2024-03-14T09:00:00'),
+                  lambda line: line['topics'][0]['comments'][0].update(mood='bad'),
+                  lambda line: line['topics'][0]['viewpoints'][0]['snapshot'].update(snapshot_data='PNG')):
+        bad = copy.deepcopy(good)
+        spoil(bad)
+        assert not validator.is_valid(bad), spoil
+
+
+main()
