@@ -5,6 +5,7 @@
 #include <Viewpoint.h>
 
 #include <QTest>
+#include <QTranslator>
 
 using M = BCFLib::BCFModel *;
 using T = BCFLib::Topic *;
@@ -30,6 +31,8 @@ class TestValidation : public QObject
 private slots:
     void verdict_data();
     void verdict();
+    void languages_data();
+    void languages();
 };
 
 void TestValidation::verdict_data()
@@ -119,6 +122,33 @@ void TestValidation::verdict()
     QCOMPARE(saidMessage, message);
     QCOMPARE(saidTitle, QString(isWarning ? "Warning" : "Error"));
     QCOMPARE(model->isValid(), message.isEmpty() || isWarning);
+}
+
+void TestValidation::languages_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("title");
+
+    QTest::newRow("de") << "Die Datei „a.bcf“ enthält keine Themen"
+                        << "Warnung";
+    QTest::newRow("fr") << "Le fichier «\u00a0a.bcf\u00a0» ne contient aucun sujet"
+                        << "Avertissement";
+}
+
+void TestValidation::languages()
+{
+#ifdef TRANSLATIONS_DIR
+    QString message;
+    QString title;
+    QTranslator translator;
+    QVERIFY(translator.load(QString("bcflib_") + QTest::currentDataTag(), TRANSLATIONS_DIR));
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    QVERIFY(BCFLib::BCFModel::Create(nullptr)->isValid("a.bcf", message, title));
+    QTEST(message, "message");
+    QTEST(title, "title");
+#else
+    QSKIP("Built without the message catalogues");
+#endif
 }
 
 QTEST_GUILESS_MAIN(TestValidation)
