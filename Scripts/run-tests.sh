@@ -13,6 +13,6 @@ shift || true
 qt=()
 [ "$preset" != qt6 ] || qt=(--qt6)
 Scripts/install-packages.sh "${qt[@]}"
-cmake --preset "$preset" "$@"
+cmake --preset "$preset" -DTAVRIN_TESTS=ON "$@"
 cmake --build --preset "$preset" --parallel "$(nproc)"
 ctest --preset "$preset" --parallel "$(nproc)"

@@ -13,10 +13,10 @@
 #include <QImage>
 #include <QTextStream>
 
-static QByteArray redPicture()
+static QByteArray picture(Qt::GlobalColor color)
 {
     QImage image(160, 120, QImage::Format_RGB32);
-    image.fill(Qt::red);
+    image.fill(color);
     QBuffer png;
     image.save(&png, "PNG");
     return png.data();
@@ -38,13 +38,21 @@ static QSharedPointer<BCFLib::BCFModel> createModel()
     camera.fieldOfView = 60.0;
     viewpoint->setPerspectiveCamera(camera);
     viewpoint->components()->setSelectionComponents({"0BTBFw6f90Nfh9rP1dl_3A"});
-    viewpoint->setSnapshot(redPicture());
+    viewpoint->setSnapshot(picture(Qt::red));
+
+    // All others have none, and are not saved before the host gives them some.
+    BCFLib::Viewpoint *const close = topic->addViewpoint(QString());
+    camera.cameraViewPoint = osg::Vec3d(-0.2, -1.1, 4.3);
+    close->setPerspectiveCamera(camera);
+    close->setSnapshot(picture(Qt::blue));
+    close->setViewpointFilename("viewpoint1.bcfv");
+    close->setSnapshotFilename("snapshot1.png");
 
     BCFLib::Comment *const comment = topic->addComment(QString());
     comment->setAuthor("maria.lindqvist@example.com");
     comment->setDate(QDateTime::currentDateTime());
     comment->setComment("Who moves, the duct or the beam?");
-    comment->setViewpoint(viewpoint);
+    comment->setViewpoint(close);
     return model;
 }
 

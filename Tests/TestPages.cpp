@@ -1,0 +1,263 @@
+// Runs the code that the README and Docs/ForHosts.md show, taken out of them as it stands.
+
+#include "TestArchive.h"
+
+#include <Core/Utils/BCFLib/BCFModel.h>
+#include <Core/Utils/BCFLib/BCF_2_0_Component.h>
+#include <Core/Utils/BCFLib/BCF_2_0_Viewpoint.h>
+#include <Core/Utils/BCFLib/Bitmap.h>
+#include <Core/Utils/BCFLib/Comment.h>
+#include <Core/Utils/BCFLib/Components.h>
+#include <Core/Utils/BCFLib/DocumentReference.h>
+#include <Core/Utils/BCFLib/File.h>
+#include <Core/Utils/BCFLib/Topic.h>
+#include <Core/Utils/BCFLib/Version.h>
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+
+using Model = QSharedPointer<BCFLib::BCFModel>;
+
+// README.md
+bool walk(const QString &path);
+bool make(const QString &path, const BCFLib::PerspectiveCamera &camera, const QByteArray &png,
+          const BCFLib::PerspectiveCamera &closeCamera, const QByteArray &closePng);
+
+// Docs/ForHosts.md
+BCFLib::Viewpoint *addView(BCFLib::Topic *topic, const QByteArray &png);
+bool takeAttachments(const BCFLib::BCFModel &model, const QString &folder);
+void load(const QString &path, QObject *receiver, std::function<void(int percent)> progress,
+          std::function<void(Model)> done);
+QString verdict(const BCFLib::BCFModel &model, const QString &path);
+int unreadTopics(const BCFLib::BCFModel &model, const QString &path);
+QString writtenVersion(const QString &path);
+bool isReadInPart(const QString &path);
+QStringList entriesNoSaveKeeps(const BCFLib::BCFModel &model, const QString &path);
+bool save(BCFLib::BCFModel &model, const QString &path);
+void select(BCFLib::Viewpoint *viewpoint, const QStringList &guids);
+BCFLib::Topic *copyTopic(const BCFLib::Topic &topic, BCFLib::BCFModel *model);
+QByteArray topicToJson(const BCFLib::Topic &topic);
+BCFLib::Topic *topicFromJson(const QByteArray &json, BCFLib::BCFModel *model);
+
+namespace {
+
+const QByteArray attachment = "<Header><File isExternal=\"false\"><Filename>a.ifc</Filename></File></Header>";
+
+BCFLib::Topic *addTopic(const Model &model)
+{
+    return model->addTopic("Duct", "maria", QDateTime::currentDateTime(), QString());
+}
+
+} // namespace
+
+class TestPages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readme();
+    void viewpointsAreSaved();
+    void attachmentsStayApart();
+    void thread();
+    void unusable();
+    void versions_data();
+    void versions();
+    void saving();
+    void copies_data();
+    void copies();
+
+private:
+    QTemporaryDir _folder;
+    const QString _path = _folder.filePath("a.bcf");
+};
+
+void TestPages::readme()
+{
+    BCFLib::PerspectiveCamera camera;
+    camera.fieldOfView = 60;
+    QVERIFY(make(_path, camera, TestArchive::png(), camera, "another"));
+    QVERIFY(walk(_path));
+    const Model model = TestArchive::load(_path);
+    const BCFLib::Topic *topic = model->topics().first();
+    QCOMPARE(topic->viewpoints().size(), 2);
+    QCOMPARE(*topic->snapshot(topic->comments().first()->viewpoint()->guid()), QByteArray("another"));
+    QVERIFY(!walk(_folder.path()));
+}
+
+void TestPages::viewpointsAreSaved()
+{
+    const Model model = BCFLib::BCFModel::Create(nullptr);
+    BCFLib::Topic *topic = addTopic(model);
+    for (const char *image : {"0", "1", "2"}) {
+        addView(topic, image);
+    }
+    const QString first = topic->viewpoints().first()->guid();
+    topic->removeSnapshot(first);
+    topic->removeViewpoint(first);
+    addView(topic, "3");
+    QVERIFY(topic->isValid());
+    QVERIFY(save(*model, _path));
+    const Model saved = TestArchive::load(_path);
+    QString told;
+    for (const BCFLib::Viewpoint *viewpoint : saved->topics().first()->viewpoints()) {
+        told += viewpoint->viewpointFilename() + '=' + *saved->topics().first()->snapshot(viewpoint->guid())
+            + ' ';
+    }
+    QCOMPARE(told, QString("viewpoint1.bcfv=1 viewpoint2.bcfv=2 viewpoint.bcfv=3 "));
+    QVERIFY(saved->isValid());
+}
+
+void TestPages::attachmentsStayApart()
+{
+    const auto loaded = [this](const QByteArray &content, const QString &folder) {
+        TestArchive archive;
+        const Model model = archive.addTopic("", attachment).add("a.ifc", content).load();
+        return takeAttachments(*model, _folder.filePath(folder)) ? model : Model();
+    };
+    const Model one = loaded("one", "1");
+    const Model two = loaded("two", "2");
+    QVERIFY(one && two && save(*one, _path));
+    QCOMPARE(TestArchive::entry(_path, "a.ifc"), QByteArray("one"));
+}
+
+void TestPages::thread()
+{
+    TestArchive archive;
+    QObject receiver;
+    Model model;
+    int percent = 0;
+    load(
+        archive.addTopic("<Title>T</Title>").write(), &receiver, [&](int now) { percent = now; },
+        [&](const Model &loaded) { model = loaded; });
+    QTRY_VERIFY(model);
+    QCOMPARE(percent, 100);
+    QVERIFY(addTopic(model));
+    QCOMPARE(model->topics().size(), 2);
+
+    // What happens to those who don't give the model away.
+    Model stranger;
+    QScopedPointer<QThread> thread(QThread::create([&] { stranger = BCFLib::BCFModel::Create(nullptr); }));
+    thread->start();
+    thread->wait();
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Cannot create children for a parent"));
+    QScopedPointer<BCFLib::Topic> lost(addTopic(stranger));
+    QVERIFY(stranger->topics().isEmpty());
+}
+
+void TestPages::unusable()
+{
+    TestArchive archive;
+    const Model model = archive.addTopic("").add("broken/markup.bcf", "<Markup").load();
+    QVERIFY(verdict(*model, "a").startsWith("Not usable. Invalid file \"a\""));
+    QCOMPARE(unreadTopics(*model, archive.path()), 1);
+    model->topics().first()->setTitle("T");
+    QVERIFY(save(*model, _path));
+    QCOMPARE(TestArchive::load(_path)->topics().size(), 1);
+}
+
+void TestPages::versions_data()
+{
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<bool>("inPart");
+    QTest::newRow("1.0") << "1.0" << false;
+    QTest::newRow("2.1") << "2.1" << false;
+    QTest::newRow("3.0") << "3.0" << true;
+    QTest::newRow("empty") << "" << true;
+    QTest::newRow("no file") << QString() << false;
+}
+
+void TestPages::versions()
+{
+    QFETCH(QString, written);
+    QFETCH(bool, inPart);
+    TestArchive archive(written);
+    const Model model = archive.addTopic("").add("extensions.xsd", "").load();
+    QCOMPARE(writtenVersion(archive.path()), written);
+    QCOMPARE(writtenVersion(archive.path()).isNull(), written.isNull());
+    QCOMPARE(isReadInPart(archive.path()), inPart);
+    QCOMPARE(entriesNoSaveKeeps(*model, archive.path()), QStringList("extensions.xsd"));
+}
+
+void TestPages::saving()
+{
+    TestArchive good, torso;
+    QVERIFY(save(*good.addTopic("").load(), _path));
+    const Model model = TestArchive::load(_path);
+    model->topics().first()->addViewpoint(QString())->setSnapshotFilename("none.png");
+    QVERIFY(!save(*model, _path));
+    QVERIFY(!save(*torso.addTopic("", attachment).load(), _path));
+    QCOMPARE(TestArchive::load(_path)->topics().size(), 1);
+    QVERIFY(!QFile::exists(_path + ".part"));
+}
+
+void TestPages::copies_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    for (const QString from : {"2.0", "2.1"}) {
+        for (const QString to : {"2.0", "2.1"}) {
+            QTest::newRow(qPrintable(from + " to " + to)) << from << to;
+        }
+    }
+}
+
+void TestPages::copies()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    const Model model = BCFLib::BCFModel::Create(from, nullptr);
+    const Model other = BCFLib::BCFModel::Create(to, nullptr);
+    BCFLib::Topic *topic = addTopic(model);
+    const QByteArray image("\x89PNG\r\n\x1a\n\0\xff", 10);
+    addView(topic, image);
+    BCFLib::Viewpoint *viewpoint = addView(topic, QByteArray());
+    viewpoint->addBitmap()->setReference("b.png");
+    select(viewpoint, {"first", "second"});
+    topic->addDocumentReference("d");
+    const auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint);
+    if (list != nullptr) {
+        list->getComponent("first")->setColor("ff0000");
+    } else {
+        BCFLib::ViewSetupHints hints;
+        hints.spacesVisible = Tavrin::BooleanFalse;
+        viewpoint->components()->setViewSetupHints(hints);
+        viewpoint->components()->setDefaultVisibility(false);
+        viewpoint->components()->addColoringComponents(Qt::red, QStringList("first"));
+    }
+
+    const BCFLib::Topic *copy = copyTopic(*topic, other.data());
+    const QVariantMap form = copy->viewpoints().last()->componentsToQVariant();
+    QCOMPARE(*copy->snapshot(copy->viewpoints().first()->guid()), image);
+    QCOMPARE(copy->viewpoints().last()->viewpointFilename(), QString("viewpoint1.bcfv"));
+    QCOMPARE(copy->viewpoints().last()->bitmaps().first()->reference(), QString("b.png"));
+    QCOMPARE(copy->documentReferences().first()->guid(), QString("d"));
+    QCOMPARE(form.value("selection").toList().size(), 2);
+    QCOMPARE(form.value("coloring").toList().first().toMap().value("color").toString(), QString("#ff0000"));
+    if (from == to) {
+        QCOMPARE(copy->toQVariant(), topic->toQVariant());
+
+        // The same through JSON, read in another part of the world.
+        const QByteArray json = topicToJson(*topic);
+        const QDateTime date =
+            QDateTime::fromString(topic->creationDate().toString(Qt::ISODate), Qt::ISODate);
+        qputenv("TZ", "Asia/Kolkata");
+        QScopedPointer<BCFLib::Topic> back(topicFromJson(json, other.data()));
+        qunsetenv("TZ");
+        QCOMPARE(back->creationDate(), date);
+        back->setCreationDate(date);
+        QVariantMap told = back->toQVariant().toMap(), expected = topic->toQVariant().toMap();
+        for (QVariantMap *map : {&told, &expected}) {
+            map->remove("document_references");
+            map->remove("creation_date");
+            QVariantList viewpoints = map->value("viewpoints").toList();
+            viewpoints.removeLast(); // it has no image, so its names are not read
+            map->insert("viewpoints", viewpoints);
+        }
+        QCOMPARE(told, expected);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestPages)
+#include "TestPages.moc"
