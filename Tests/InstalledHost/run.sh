@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # run.sh BUILD CXX
 #
-# Installs a build to a scratch folder, moves that folder away, and builds and runs the host against
-# it: once with CMake, once with pkg-config and a plain call of the compiler.
+# Installs a build to a scratch folder, moves that folder away, and builds the first of the example hosts as
+# it is installed there and runs it on the installed sample: once with CMake, once with pkg-config and a
+# plain call of the compiler.
 set -euo pipefail
 
 host=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -12,28 +13,29 @@ cxx=$2
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 unset DESTDIR
+export XDG_CACHE_HOME=$scratch/cache
 
 cmake --install "$build" --prefix "$scratch/made" >"$scratch/log"
 mv "$scratch/made" "$scratch/moved"
+examples=$(find "$scratch/moved" -type d -name examples)
+sample=$examples/Samples/coordination.bcf
 
 run()
 {
-    told=$("$1" "$scratch/$2.bcf")
-    [ "$told" = "Duct runs through beam" ] || {
-        echo "The host built with $2 told \"$told\"" >&2
-        exit 1
-    }
+    "$1" "$sample" "$scratch/$2.bcf" >"$scratch/$2.json" 2>"$scratch/log" || { cat "$scratch/log" >&2; exit 1; }
+    "$host/check.py" "$sample" "$scratch/$2.bcf" <"$scratch/$2.json"
 }
 
 cmake -S "$host" -B "$scratch/cmake" -G Ninja -DCMAKE_CXX_COMPILER="$cxx" \
-    -DCMAKE_PREFIX_PATH="$scratch/moved" >"$scratch/log" || { cat "$scratch/log" >&2; exit 1; }
+    -DCMAKE_PREFIX_PATH="$scratch/moved" -DFIRST_HOST="$examples/FirstHost/main.cpp" >"$scratch/log" || { cat "$scratch/log" >&2; exit 1; }
 cmake --build "$scratch/cmake" >"$scratch/log" || { cat "$scratch/log" >&2; exit 1; }
 run "$scratch/cmake/host" CMake
 
 pc=$(find "$scratch/moved" -name tavrin-bcflib.pc)
 export PKG_CONFIG_PATH=${pc%/*}
 # Unquoted, as everybody writes it.
-"$cxx" -std=c++17 -fPIC "$host/main.cpp" -o "$scratch/host" $(pkg-config --cflags --libs tavrin-bcflib)
+"$cxx" -std=c++17 -fPIC "$scratch/cmake/all_headers.cpp" "$examples/FirstHost/main.cpp" -o "$scratch/host" \
+    $(pkg-config --cflags --libs tavrin-bcflib)
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir tavrin-bcflib)
 export LD_LIBRARY_PATH
 run "$scratch/host" pkg-config
