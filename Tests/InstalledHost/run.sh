@@ -33,9 +33,10 @@ run "$scratch/cmake/host" CMake
 
 pc=$(find "$scratch/moved" -name tavrin-bcflib.pc)
 export PKG_CONFIG_PATH=${pc%/*}
+static=$(find "$scratch/moved" -name '*.a' -printf --static -quit)
 # Unquoted, as everybody writes it.
 "$cxx" -std=c++17 -fPIC "$scratch/cmake/all_headers.cpp" "$examples/FirstHost/main.cpp" -o "$scratch/host" \
-    $(pkg-config --cflags --libs tavrin-bcflib)
+    $(pkg-config $static --cflags --libs tavrin-bcflib)
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir tavrin-bcflib)
 export LD_LIBRARY_PATH
 run "$scratch/host" pkg-config
