@@ -6,7 +6,8 @@ set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-Scripts/install-packages.sh dpkg-dev file gzip lintian
+Scripts/install-packages.sh desktop-file-utils dpkg-dev file gzip lintian shared-mime-info
+desktop-file-validate packaging/desktop/*.desktop
 cmake --preset release -B build/packages -DCMAKE_INSTALL_PREFIX=/usr -DTAVRIN_TESTS=OFF
 cmake --build build/packages --parallel "$(nproc)"
 cd build/packages

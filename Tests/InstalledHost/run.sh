@@ -17,8 +17,9 @@ export XDG_CACHE_HOME=$scratch/cache
 
 cmake --install "$build" --prefix "$scratch/made" >"$scratch/log"
 mv "$scratch/made" "$scratch/moved"
-examples=$(find "$scratch/moved" -type d -name examples)
+examples=$(find "$scratch/moved" -type d -name Examples)
 sample=$examples/Samples/coordination.bcf
+"$host/../check-links.py" "${examples%/*}"
 
 run()
 {

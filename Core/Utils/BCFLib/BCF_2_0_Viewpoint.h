@@ -15,7 +15,8 @@ namespace BCF_2_0_Lib {
 /// A viewpoint in the form of versions 2.0 and 1.0: its references to model elements are one flat
 /// list, each with marks of its own.
 ///
-/// The Components object of the base class is there but stays empty.
+/// The Components object of the base class, which components() of a BCFLib::Viewpoint pointer gives, is
+/// there but stays empty; what a host puts into it is never saved.
 class BCFLIB_EXPORT Viewpoint : public BCFLib::Viewpoint
 {
     Q_OBJECT

@@ -90,6 +90,9 @@ public:
     Bitmap *addBitmap();
 
     /// The references to model elements in the sets form; owned by the viewpoint.
+    ///
+    /// A BCF_2_0_Lib::Viewpoint has these sets too, but neither reads nor saves them: its references are a
+    /// list of its own, so ask for the class with qobject_cast first.
     Components *components() const;
 
     /// Gives a copy of the image to the topic. Without effect if @p data or the guid is empty or
