@@ -24,7 +24,7 @@ bool changesDirection(QChar c)
 }
 
 /// Columns of the terminal that a character takes: two for a wide one, none for a combining one.
-int columns(uint character)
+int columns(char32_t character)
 {
     const int width = wcwidth(static_cast<wchar_t>(character));
     return width < 0 ? 1 : width;
@@ -33,7 +33,7 @@ int columns(uint character)
 int columns(const QString &text)
 {
     int sum = 0;
-    for (const uint character : text.toUcs4()) {
+    for (const char32_t character : text.toUcs4()) {
         sum += columns(character);
     }
     return sum;
@@ -45,7 +45,7 @@ QStringList pieces(const QString &word, int width)
     QStringList result;
     QString piece;
     int used = 0;
-    for (const uint character : word.toUcs4()) {
+    for (const char32_t character : word.toUcs4()) {
         const int more = columns(character);
         if (used + more > width) {
             result << piece;

@@ -15,10 +15,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextCodec>
 #include <QTextStream>
 
-#include <clocale>
 #include <cstdio>
 
 namespace {
@@ -133,11 +131,10 @@ bool inspect(const QString &path, const Options &options, QFile &out)
 }
 
 /// Whatever the locale says: names on the command line are read and texts are written as UTF-8,
-/// and the widths of characters are known.
+/// and the widths of characters are known. The application takes its locale from the environment.
 void useUtf8()
 {
-    std::setlocale(LC_CTYPE, "C.UTF-8");
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    qputenv("LC_ALL", "C.UTF-8");
 }
 
 /// An error text if the program was called wrongly. Ends the program for --help and --version.
@@ -188,7 +185,6 @@ int main(int argc, char *argv[])
 {
     useUtf8();
     QCoreApplication application(argc, argv);
-    useUtf8(); // the application has set the locale of the environment
     QCoreApplication::setApplicationName(QStringLiteral("bcf-inspect"));
     QCoreApplication::setApplicationVersion(QStringLiteral(BCF_INSPECT_VERSION));
 
