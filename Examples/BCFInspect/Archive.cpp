@@ -18,7 +18,7 @@ QStringList Archive::problems() const
     return file.canBeLoaded() ? ArchiveCheck::problems(*model) : QStringList(file.text);
 }
 
-QString Archive::warning() const
+QStringList Archive::warnings() const
 {
-    return file.kind == ArchiveCheck::ReadInPart ? file.text : QString();
+    return ArchiveCheck::warnings(file, *model);
 }

@@ -20,7 +20,7 @@ struct Archive
     /// Each reason why the archive can't be used, the file's own if it holds nothing to load.
     QStringList problems() const;
     /// What is missing although the archive can be used.
-    QString warning() const;
+    QStringList warnings() const;
 };
 
 /// Judges a @p model that was loaded from @p path.

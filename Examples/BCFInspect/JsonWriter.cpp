@@ -97,7 +97,7 @@ void writeJson(const Archive &archive, QIODevice &out)
         {QStringLiteral("message"), archive.message},
         {QStringLiteral("error"), archive.model->errorString()},
         {QStringLiteral("problems"), QJsonArray::fromStringList(archive.problems())},
-        {QStringLiteral("warning"), archive.warning()},
+        {QStringLiteral("warnings"), QJsonArray::fromStringList(archive.warnings())},
     });
     // The topics are the last member, written one by one.
     out.write(head.left(head.size() - 1) + ",\"topics\":[");

@@ -36,6 +36,12 @@ void complain(const QString &text)
     std::fprintf(stderr, "bcf-inspect: %s\n", printableLine(text).toUtf8().constData());
 }
 
+/// Some texts name the archive already.
+void complain(const QString &path, const QString &text)
+{
+    complain(text.contains(path) ? text : path + QStringLiteral(": ") + text);
+}
+
 QString sizeText(const QString &path)
 {
     const QFileInfo file(path);
@@ -63,8 +69,8 @@ void printArchive(const Archive &archive, QTextStream &out)
     report.field(QStringLiteral("Read as"), versionText(model.version()));
     report.field(QStringLiteral("Project"), projectText(model.project()));
     report.field(QStringLiteral("Load error"), model.errorString());
-    if (!archive.warning().isEmpty()) {
-        report.field(QStringLiteral("Warning"), archive.warning());
+    for (const QString &warning : archive.warnings()) {
+        report.field(QStringLiteral("Warning"), warning);
     }
     printVerdict(archive.problems(), report);
     report.field(QStringLiteral("Title"), archive.title);
@@ -94,7 +100,7 @@ bool isSameFile(const QString &path, const QString &other)
 /// Why the archive is not to be saved to @p path although it is loaded; empty if nothing is against it.
 QString objection(const Archive &archive, const QString &path)
 {
-    if (!archive.warning().isEmpty() && isSameFile(archive.path, path)) {
+    if (!archive.warnings().isEmpty() && isSameFile(archive.path, path)) {
         return QStringLiteral("read only in part, so it can be saved under another name only");
     }
     return QString();
@@ -111,11 +117,11 @@ bool inspect(const QString &path, const Options &options, QFile &out)
         QTextStream text(&out);
         printArchive(archive, text);
     }
-    if (!archive.warning().isEmpty()) {
-        complain(archive.warning());
+    for (const QString &warning : archive.warnings()) {
+        complain(path, warning);
     }
     for (const QString &problem : archive.problems()) {
-        complain(path + QStringLiteral(": ") + problem);
+        complain(path, problem);
     }
 
     if (!options.save) {

@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <quazip/quazip.h>
 #include <quazip/quazipfile.h>
@@ -63,6 +64,17 @@ ArchiveCheck::Kind kindOf(const QString &path)
     return ArchiveCheck::Readable;
 }
 
+int countTopicFolders(const QString &path)
+{
+    QuaZip zip(path);
+    if (!zip.open(QuaZip::mdUnzip)) {
+        return 0;
+    }
+    const QRegularExpression markup(QStringLiteral("^[^/]+/markup\\.bcf$"),
+                                    QRegularExpression::CaseInsensitiveOption);
+    return static_cast<int>(zip.getFileNameList().filter(markup).size());
+}
+
 bool hasFileNamed(const QList<BCFLib::Viewpoint *> &viewpoints,
                   QString (BCFLib::Viewpoint::*fileName)() const, const QString &name)
 {
@@ -102,7 +114,7 @@ bool ArchiveCheck::isReadInPart(const QString &versionId)
 
 ArchiveCheck::File ArchiveCheck::checkFile(const QString &path)
 {
-    File file{kindOf(path), QString(), QString()};
+    File file{kindOf(path), QString(), QString(), 0};
     switch (file.kind) {
     case Missing:
         file.text = tr("There is no file \"%1\".").arg(path);
@@ -124,6 +136,7 @@ ArchiveCheck::File ArchiveCheck::checkFile(const QString &path)
         break;
     default:
         file.version = versionId(path);
+        file.topicFolders = countTopicFolders(path);
         if (isReadInPart(file.version)) {
             file.kind = ReadInPart;
             file.text = file.version.isEmpty()
@@ -134,6 +147,20 @@ ArchiveCheck::File ArchiveCheck::checkFile(const QString &path)
         }
     }
     return file;
+}
+
+QStringList ArchiveCheck::warnings(const File &file, const BCFLib::BCFModel &model)
+{
+    QStringList warnings;
+    if (file.kind == ReadInPart) {
+        warnings << file.text;
+    }
+    const int unread = file.topicFolders - static_cast<int>(model.topics().size());
+    if (unread > 0 && model.version() != nullptr) {
+        warnings
+            << tr("Topics that could not be read: %1. A save of this archive would lose them.").arg(unread);
+    }
+    return warnings;
 }
 
 QStringList ArchiveCheck::problems(const BCFLib::BCFModel &model)

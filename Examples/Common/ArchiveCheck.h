@@ -41,6 +41,8 @@ public:
         QString version;
         /// A sentence for the user; empty if the kind is Readable.
         QString text;
+        /// How many folders of the archive hold a markup.bcf, each of which should bring a topic.
+        int topicFolders;
         /// Whether a load can bring anything.
         bool canBeLoaded() const { return kind == Readable || kind == ReadInPart; }
     };
@@ -54,6 +56,11 @@ public:
     static QString versionId(const QString &path);
     /// Whether a load of an archive that says so leaves out what only other versions have.
     static bool isReadInPart(const QString &versionId);
+
+    /// What is missing in the model that was loaded from the file though it is valid; empty if nothing is.
+    ///
+    /// A save to the same path would make it be missing for good.
+    static QStringList warnings(const File &file, const BCFLib::BCFModel &model);
 
     /// Each reason why the model, loaded from a file that can be loaded, is not valid; empty if it is.
     static QStringList problems(const BCFLib::BCFModel &model);
