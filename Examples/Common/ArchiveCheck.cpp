@@ -19,7 +19,7 @@
 namespace {
 
 /// More than any bcf.version needs before its root element has begun.
-constexpr qint64 versionBytes = 64 * 1024;
+constexpr qint64 versionBytes = 65536;
 constexpr int orthogonalBit = 2;
 
 QString baseName(const QString &path)

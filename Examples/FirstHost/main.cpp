@@ -20,7 +20,8 @@ static Model loadInThread(const QString &path)
     QEventLoop loop;
     BCFLoadingWorker worker(path);
     worker.moveToThread(&thread);
-    qint64 done = 0, all = 0;
+    qint64 done = 0;
+    qint64 all = 0;
     QObject::connect(&worker, &BCFLoadingWorker::addMaxSig, &loop, [&](qint64 steps) { all += steps; });
     QObject::connect(&worker, &BCFLoadingWorker::addStepsSig, &loop, [&](qint64 steps) {
         done += steps;
@@ -137,7 +138,8 @@ int main(int argc, char *argv[])
     const QStringList arguments = QCoreApplication::arguments();
     const QTemporaryDir folder;
     const Model model = loadInThread(arguments.value(1));
-    QString message, title;
+    QString message;
+    QString title;
     if (!model->isValid(arguments.value(1), message, title) || model->topics().isEmpty()
         || !takeAttachments(*model, QDir(folder.path()))) {
         QTextStream(stderr) << message << '\n';
