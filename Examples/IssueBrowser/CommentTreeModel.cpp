@@ -21,6 +21,11 @@ QString heading(const Comment &comment)
     if (const auto *const older = qobject_cast<const BCF_2_0_Lib::Comment *>(&comment)) {
         parts << older->status() << older->verbalStatus();
     }
+    // The library lets a comment speak of any viewpoint, also of one that is not the topic's.
+    const int place = comment.viewpoint() ? comment.topic()->viewpoints().indexOf(comment.viewpoint()) : -1;
+    if (place >= 0) {
+        parts << DisplayText::viewName(place + 1);
+    }
     parts.removeAll(QString());
     return DisplayText::oneLine(parts.join(QStringLiteral(" · ")));
 }

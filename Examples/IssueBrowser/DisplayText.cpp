@@ -15,10 +15,10 @@ constexpr int longestParagraph = 10000;
 constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
 
-QString tr(const char *text)
+class Texts
 {
-    return QCoreApplication::translate("DisplayText", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(DisplayText)
+};
 
 QString count(int number)
 {
@@ -29,15 +29,15 @@ QString point(const osg::Vec3d &point)
 {
     const QLocale locale;
     return QStringLiteral("(%1; %2; %3)")
-        .arg(locale.toString(point.x(), 'g', 4), locale.toString(point.y(), 'g', 4),
-             locale.toString(point.z(), 'g', 4));
+        .arg(locale.toString(point.x(), 'f', 3), locale.toString(point.y(), 'f', 3),
+             locale.toString(point.z(), 'f', 3));
 }
 
 /// Both kinds of camera have the same three vectors.
 template<typename Camera>
 QString place(const Camera &camera)
 {
-    return tr("at %1\ntowards %2, up %3")
+    return Texts::tr("at %1\ntowards %2, up %3")
         .arg(point(camera.cameraViewPoint), point(camera.cameraDirection), point(camera.cameraUpVector));
 }
 
@@ -47,11 +47,10 @@ QString sets(const BCFLib::Viewpoint &viewpoint)
     const int selected = components.getSelectionComponents().size();
     const int exceptions = components.getVisibilityExceptionComponents().size();
     // The colour groups have no reader of their own, but each component stands in exactly one set.
-    const QList<BCFLib::Component *> all =
-        components.findChildren<BCFLib::Component *>(QString(), Qt::FindDirectChildrenOnly);
-    const QString visibility = components.getDefaultVisibility() ? tr("%1 hidden, all others shown")
-                                                                 : tr("%1 shown, all others hidden");
-    return tr("%1 selected, %2 coloured").arg(count(selected), count(all.size() - selected - exceptions))
+    const int all = components.children().size();
+    const QString visibility = components.getDefaultVisibility() ? Texts::tr("%1 hidden, all others shown")
+                                                                 : Texts::tr("%1 shown, all others hidden");
+    return Texts::tr("%1 selected, %2 coloured").arg(count(selected), count(all - selected - exceptions))
         + QLatin1Char('\n') + visibility.arg(count(exceptions));
 }
 
@@ -66,7 +65,7 @@ QString list(const BCF_2_0_Lib::Viewpoint &viewpoint)
         coloured += component->color().isEmpty() ? 0 : 1;
         hidden += component->visible() == Tavrin::BooleanFalse ? 1 : 0;
     }
-    return tr("%1 listed, of them\n%2 selected, %3 coloured, %4 hidden")
+    return Texts::tr("%1 listed, of them\n%2 selected, %3 coloured, %4 hidden")
         .arg(count(components.size()), count(selected), count(coloured), count(hidden));
 }
 
@@ -80,12 +79,23 @@ QString DisplayText::oneLine(const QString &text)
 QString DisplayText::paragraph(const QString &text)
 {
     const int rest = text.size() - longestParagraph;
-    return rest <= 0 ? text : text.left(longestParagraph) + tr("\n… and %1 more characters").arg(count(rest));
+    return rest <= 0 ? text
+                     : text.left(longestParagraph) + Texts::tr("\n… and %1 more characters").arg(count(rest));
 }
 
 QString DisplayText::date(const QDateTime &date)
 {
-    return QLocale().toString(date, QStringLiteral("d MMM yyyy, HH:mm"));
+    const QLocale locale;
+    QString format = locale.dateTimeFormat(QLocale::ShortFormat);
+    if (!format.contains(QLatin1String("yyyy"))) {
+        format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+    }
+    return locale.toString(date, format);
+}
+
+QString DisplayText::viewName(int number)
+{
+    return Texts::tr("View %1").arg(count(number));
 }
 
 QString DisplayText::cameras(const BCFLib::Viewpoint &viewpoint)
@@ -93,14 +103,14 @@ QString DisplayText::cameras(const BCFLib::Viewpoint &viewpoint)
     QStringList lines;
     if (viewpoint.whichCameraIsSet() & perspectiveBit) {
         const BCFLib::PerspectiveCamera camera = viewpoint.perspectiveCamera();
-        lines << tr("Perspective, %1°, %2").arg(QLocale().toString(camera.fieldOfView), place(camera));
+        lines << Texts::tr("Perspective, %1°, %2").arg(QLocale().toString(camera.fieldOfView), place(camera));
     }
     if (viewpoint.whichCameraIsSet() & orthogonalBit) {
         const BCFLib::OrthogonalCamera camera = viewpoint.orthogonalCamera();
-        lines << tr("Orthogonal, %1 m high, %2")
+        lines << Texts::tr("Orthogonal, %1 m high, %2")
                      .arg(QLocale().toString(camera.viewToWorldScale), place(camera));
     }
-    return lines.isEmpty() ? tr("none") : lines.join(QLatin1Char('\n'));
+    return lines.isEmpty() ? Texts::tr("none") : lines.join(QLatin1Char('\n'));
 }
 
 QString DisplayText::elements(const BCFLib::Viewpoint &viewpoint)
@@ -111,7 +121,7 @@ QString DisplayText::elements(const BCFLib::Viewpoint &viewpoint)
 
 QString DisplayText::geometry(const BCFLib::Viewpoint &viewpoint)
 {
-    return tr("Lines: %1, clipping planes: %2, bitmaps: %3")
+    return Texts::tr("Lines: %1, clipping planes: %2, bitmaps: %3")
         .arg(count(viewpoint.lines().size()), count(viewpoint.clippingPlanes().size()),
              count(viewpoint.bitmaps().size()));
 }

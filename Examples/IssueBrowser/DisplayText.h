@@ -18,6 +18,8 @@ QString oneLine(const QString &text);
 QString paragraph(const QString &text);
 /// A date as the user's language has it; empty for an invalid one.
 QString date(const QDateTime &date);
+/// What the user calls the viewpoint at that place of its topic, counted from 1.
+QString viewName(int number);
 
 /// The cameras of a viewpoint that count, one on a line.
 QString cameras(const BCFLib::Viewpoint &viewpoint);

@@ -11,6 +11,8 @@
 QImage readSnapshot(const QByteArray *bytes, const QSize &bounds);
 
 /// Shows one snapshot as large as the space allows, or says that there is none.
+///
+/// A double click or Return enlarges it; the context menu does so too and saves it as it came.
 class SnapshotView : public QWidget
 {
     Q_OBJECT
@@ -18,17 +20,25 @@ class SnapshotView : public QWidget
 public:
     explicit SnapshotView(QWidget *parent = nullptr);
 
-    /// Null for no image.
-    void setSnapshot(const QByteArray *bytes);
+    /// Null for no image; @p name is the one that its file has in the archive.
+    void setSnapshot(const QByteArray *bytes, const QString &name);
 
     QSize sizeHint() const override { return {300, 220}; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
+    void enlarge();
+    void chooseAndSave();
+
+    QByteArray _bytes;
+    QString _name;
     QImage _image;
     QString _placeholder;
+    QAction *_enlarge;
+    QAction *_save;
 };
 
 #endif

@@ -8,8 +8,11 @@ class Comment;
 class Topic;
 }
 
+class ElementTableModel;
 class QLabel;
 class QListView;
+class QTableView;
+class QTabWidget;
 class SnapshotView;
 class ViewpointListModel;
 
@@ -27,15 +30,21 @@ public:
     void showViewpointOf(const BCFLib::Comment *comment);
 
 private:
+    void makeStrip();
+    QWidget *makeElementPage();
+    QWidget *makeFactPage();
     void showCurrent();
 
     ViewpointListModel *_model;
+    ElementTableModel *_elements;
     QListView *_strip;
+    QTabWidget *_pages;
     SnapshotView *_snapshot;
-    QLabel *_file;
-    QLabel *_cameras;
-    QLabel *_elements;
-    QLabel *_geometry;
+    QLabel *_elementCounts = nullptr;
+    QLabel *_file = nullptr;
+    QLabel *_guid = nullptr;
+    QLabel *_cameras = nullptr;
+    QLabel *_geometry = nullptr;
 };
 
 #endif
