@@ -228,7 +228,6 @@ void TestHostileArchives::xmlFiles_data()
     };
     const QByteArray references = QByteArray("&e;").repeated(10000000);
     QTest::newRow("ten million references to nothing") << inLine(references) << false;
-    QTest::newRow("as many in an attribute") << inLine("<a b='" + references + "'/>") << false;
 
     const auto addDocumentType = [](const char *name, const QByteArray &type, bool isRead) {
         QTest::newRow(name) << nested(1, "<!DOCTYPE a " + type + ">").replace("</a>", "&e;</a>") << isRead;

@@ -64,7 +64,6 @@ private:
     friend class Components;
     friend class BCF_2_0_Lib::Viewpoint;
 
-    void read(const QDomElement &element);
     void write(QDomDocument &document, QDomElement &parent) const;
 
     QString _originatingSystem;

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QVector>
 
 class QDomDocument;
 class QDomElement;
@@ -89,7 +90,9 @@ private:
 
     void clear();
     void readViewSetupHints(const QDomElement &element);
-    QList<Component *> readComponentList(const QDomElement &element);
+    struct Mention;
+    static QVector<Mention> readMentions(const QDomElement &list);
+    QList<Component *> makeComponents(const QVector<Mention> &mentions);
     void readColoring(const QDomElement &coloring);
     void writeViewSetupHints(QDomDocument &document, QDomElement &parent) const;
     void writeComponentList(QDomDocument &document, QDomElement &parent,

@@ -78,7 +78,7 @@ QStringList Topic::readHeader(QDomDocument &doc)
 {
     QStringList memberNames;
     const QDomElement header = doc.documentElement().firstChildElement(QStringLiteral("Header"));
-    for (const QDomElement &element : Xml::childElements(header, QStringLiteral("File"))) {
+    Xml::takeChildren(header, QStringLiteral("File"), [&](const QDomElement &element) {
         File *file = addFile();
         file->setIfcProject(Xml::attribute(element, QStringLiteral("IfcProject")));
         file->setIfcSpatialStructureElement(
@@ -92,7 +92,7 @@ QStringList Topic::readHeader(QDomDocument &doc)
             memberNames.append(memberName);
             file->setFilename(CacheFolder().pathOf(memberName));
         }
-    }
+    });
     return memberNames;
 }
 
@@ -115,9 +115,8 @@ void Topic::readTopic(QDomDocument &doc, const QString &version)
     _creationDate = Xml::childDate(topic, QStringLiteral("CreationDate"));
     _modifiedAuthor = Xml::childText(topic, QStringLiteral("ModifiedAuthor"));
     _modifiedDate = Xml::childDate(topic, QStringLiteral("ModifiedDate"));
-    for (const QDomElement &label : Xml::childElements(topic, QStringLiteral("Labels"))) {
-        _labels.append(label.text());
-    }
+    Xml::takeChildren(topic, QStringLiteral("Labels"),
+                      [&](const QDomElement &label) { _labels.append(label.text()); });
     _assignedTo = Xml::childText(topic, QStringLiteral("AssignedTo"));
     readAttachments(topic);
     if (BCFModel::isBCF_1_0(version)) {
@@ -128,12 +127,12 @@ void Topic::readTopic(QDomDocument &doc, const QString &version)
 void Topic::readAttachments(const QDomElement &topic)
 {
     const QString isTrue = QStringLiteral("true");
-    for (const QDomElement &element : Xml::childElements(topic, QStringLiteral("DocumentReference"))) {
+    Xml::takeChildren(topic, QStringLiteral("DocumentReference"), [&](const QDomElement &element) {
         DocumentReference *reference = addDocumentReference(Xml::attribute(element, QStringLiteral("Guid")));
         reference->setIsExternal(Xml::attribute(element, QStringLiteral("isExternal")) == isTrue);
         reference->setReferencedDocument(Xml::childText(element, QStringLiteral("ReferencedDocument")));
         reference->setDescription(Xml::childText(element, QStringLiteral("Description")));
-    }
+    });
     const QDomElement element = topic.firstChildElement(QStringLiteral("BimSnippet"));
     if (!element.isNull()) {
         BimSnippet *snippet = addBimSnippet();
@@ -142,12 +141,12 @@ void Topic::readAttachments(const QDomElement &topic)
         snippet->setReference(Xml::childText(element, QStringLiteral("Reference")));
         snippet->setReferenceSchema(Xml::childText(element, QStringLiteral("ReferenceSchema")));
     }
-    for (const QDomElement &link : Xml::childElements(topic, QStringLiteral("RelatedTopics"))) {
+    Xml::takeChildren(topic, QStringLiteral("RelatedTopics"), [&](const QDomElement &link) {
         const QString guid = Xml::attribute(link, QStringLiteral("Guid"));
         if (!guid.isEmpty()) {
             addRelatedTopic(guid);
         }
-    }
+    });
 }
 
 void Topic::fillMissingFields()
@@ -167,18 +166,17 @@ void Topic::fillMissingFields()
 
 void Topic::readViewpoints(QDomDocument &doc, const QString &version)
 {
-    for (const QDomElement &element :
-         Xml::childElements(doc.documentElement(), QStringLiteral("Viewpoints"))) {
+    Xml::takeChildren(doc.documentElement(), QStringLiteral("Viewpoints"), [&](const QDomElement &element) {
         // An empty guid identifies no more than a missing one.
         const QString guid = Xml::attribute(element, QStringLiteral("Guid"));
         if (guid.isEmpty()) {
-            continue;
+            return;
         }
         Viewpoint *viewpoint =
             usesListForm(version) ? new BCF_2_0_Lib::Viewpoint(guid, this) : new Viewpoint(guid, this);
         viewpoint->setViewpointFilename(Xml::childText(element, QStringLiteral("Viewpoint")));
         viewpoint->setSnapshotFilename(Xml::childText(element, QStringLiteral("Snapshot")));
-    }
+    });
 }
 
 void Topic::readComments(QDomDocument &doc, const QString &version)
@@ -186,14 +184,14 @@ void Topic::readComments(QDomDocument &doc, const QString &version)
     const QMap<QString, Viewpoint *> viewpointByGuid = firstByGuid(viewpoints());
     QHash<Comment *, QString> replies;
     bool mayDescribeTopic = BCFModel::isBCF_1_0(version);
-    for (const QDomElement &element : Xml::childElements(doc.documentElement(), QStringLiteral("Comment"))) {
+    Xml::takeChildren(doc.documentElement(), QStringLiteral("Comment"), [&](const QDomElement &element) {
         const QString topicGuid = Xml::childGuid(element, QStringLiteral("Topic"));
         if (!topicGuid.isEmpty() && topicGuid != guid()) {
-            continue;
+            return;
         }
         if (mayDescribeTopic && takeAsDescription(Xml::childText(element, QStringLiteral("Comment")))) {
             mayDescribeTopic = false;
-            continue;
+            return;
         }
         const QString commentGuid = guidOrNewId(Xml::attribute(element, QStringLiteral("Guid")));
         Comment *comment = usesListForm(version) ? new BCF_2_0_Lib::Comment(commentGuid, this)
@@ -202,7 +200,7 @@ void Topic::readComments(QDomDocument &doc, const QString &version)
         comment->setViewpoint(viewpointByGuid.value(viewpointGuid));
         comment->read(element, replies);
         comment->setTopic(this);
-    }
+    });
     // A second pass, as a comment may answer one that stands later in the file.
     const QMap<QString, Comment *> commentByGuid =
         replies.isEmpty() ? QMap<QString, Comment *>() : firstByGuid(comments());

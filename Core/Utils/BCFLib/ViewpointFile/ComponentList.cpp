@@ -62,7 +62,7 @@ struct SortKey
 std::vector<Mention> readMentions(const QDomElement &components)
 {
     std::vector<Mention> mentions;
-    for (const QDomElement &element : Xml::childElements(components, QStringLiteral("Component"))) {
+    Xml::takeChildren(components, QStringLiteral("Component"), [&](const QDomElement &element) {
         Mention mention{Xml::attribute(element, QStringLiteral("IfcGuid")),
                         readMark(element, QStringLiteral("Selected")),
                         readMark(element, QStringLiteral("Visible")),
@@ -75,7 +75,7 @@ std::vector<Mention> readMentions(const QDomElement &components)
             Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &mention.authoringToolId);
             mentions.push_back(std::move(mention));
         }
-    }
+    });
     return mentions;
 }
 

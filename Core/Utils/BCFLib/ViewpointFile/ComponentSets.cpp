@@ -4,32 +4,21 @@
 #include "Xml/Printer.h"
 
 #include <QDomDocument>
+#include <QVector>
 
 #include <utility>
 #include <vector>
 
 namespace BCFLib {
 
-namespace {
-
-QString guidOf(const QDomElement &component)
+/// What an element of a file says about a component.
+struct Components::Mention
 {
-    return Xml::attribute(component, QStringLiteral("IfcGuid"));
-}
-
-/// Whether the list names a component. It stays as it is, but for packed elements without a guid that the
-/// search has passed, which nobody reads.
-bool namesComponent(const QDomElement &list)
-{
-    for (const QDomElement &child : Xml::childElements(list, QStringLiteral("Component"))) {
-        if (!guidOf(child).isEmpty()) {
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace
+    QString guid;
+    QString ifcProjectId;
+    QString originatingSystem;
+    QString authoringToolId;
+};
 
 void Components::read(const QDomElement &root)
 {
@@ -39,7 +28,8 @@ void Components::read(const QDomElement &root)
         return;
     }
     readViewSetupHints(components.firstChildElement(QStringLiteral("ViewSetupHints")));
-    _selectionComponents = readComponentList(components.firstChildElement(QStringLiteral("Selection")));
+    _selectionComponents =
+        makeComponents(readMentions(components.firstChildElement(QStringLiteral("Selection"))));
     const QDomElement visibility = components.firstChildElement(QStringLiteral("Visibility"));
     const QString defaultVisibility = visibility.attribute(QStringLiteral("DefaultVisibility"));
     // A text that says neither hides nothing.
@@ -47,7 +37,7 @@ void Components::read(const QDomElement &root)
         _defaultVisibility = Tavrin::toBool(defaultVisibility);
     }
     _visibilityExceptionComponents =
-        readComponentList(visibility.firstChildElement(QStringLiteral("Exceptions")));
+        makeComponents(readMentions(visibility.firstChildElement(QStringLiteral("Exceptions"))));
     readColoring(components.firstChildElement(QStringLiteral("Coloring")));
 }
 
@@ -63,16 +53,32 @@ void Components::readViewSetupHints(const QDomElement &element)
     readHint(QStringLiteral("OpeningsVisible"), &_viewSetupHints.openingsVisible);
 }
 
-QList<Component *> Components::readComponentList(const QDomElement &element)
+/// What a list says, but for components without a guid.
+QVector<Components::Mention> Components::readMentions(const QDomElement &list)
+{
+    QVector<Mention> mentions;
+    Xml::takeChildren(list, QStringLiteral("Component"), [&mentions](const QDomElement &element) {
+        Mention mention;
+        mention.guid = Xml::attribute(element, QStringLiteral("IfcGuid"));
+        if (!mention.guid.isEmpty()) {
+            mention.ifcProjectId = Xml::attribute(element, QStringLiteral("IfcProjectGuid"));
+            Xml::readLeadingText(element, QStringLiteral("OriginatingSystem"), &mention.originatingSystem);
+            Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &mention.authoringToolId);
+            mentions.append(mention);
+        }
+    });
+    return mentions;
+}
+
+QList<Component *> Components::makeComponents(const QVector<Mention> &mentions)
 {
     _arriving.clear();
-    for (const QDomElement &child : Xml::childElements(element, QStringLiteral("Component"))) {
-        const QString guid = guidOf(child);
-        if (!guid.isEmpty()) {
-            Component *component = new Component(guid, this);
-            component->read(child);
-            _arriving.append(component);
-        }
+    for (const Mention &mention : mentions) {
+        Component *component = new Component(mention.guid, this);
+        component->_ifcProjectId = mention.ifcProjectId;
+        component->_originatingSystem = mention.originatingSystem;
+        component->_authoringToolId = mention.authoringToolId;
+        _arriving.append(component);
     }
     return std::exchange(_arriving, {});
 }
@@ -82,29 +88,31 @@ void Components::readColoring(const QDomElement &coloring)
     struct Group
     {
         QColor color;
-        QString name;
-        QDomElement element;
+        QVector<Mention> mentions;
     };
-    const QString colorName = QStringLiteral("Color");
     std::vector<Group> groups;
-    QMap<QString, QDomElement> lastOfColor;
-    for (const QDomElement &element : Xml::childElements(coloring, colorName)) {
-        if (!element.hasAttribute(colorName) || !namesComponent(element)) {
-            continue;
-        }
+    QMap<QString, std::size_t> lastOfColor;
+    const QString colorName = QStringLiteral("Color");
+    Xml::takeChildren(coloring, colorName, [&](const QDomElement &element) {
         QString text = element.attribute(colorName);
         if (!text.startsWith(QLatin1Char('#'))) {
             text.prepend(QLatin1Char('#'));
         }
-        QColor color;
-        color.setNamedColor(text);
-        groups.push_back({color, color.name(), element});
-        lastOfColor.insert(groups.back().name, element);
-    }
+        Group group{QColor(), readMentions(element)};
+        if (element.hasAttribute(colorName) && !group.mentions.isEmpty()) {
+            group.color.setNamedColor(text);
+            const auto earlier = lastOfColor.constFind(group.color.name());
+            if (earlier != lastOfColor.constEnd()) {
+                groups[*earlier].mentions = {};
+            }
+            lastOfColor.insert(group.color.name(), groups.size());
+            groups.push_back(std::move(group));
+        }
+    });
     // The last group of a colour replaces the others, which therefore are not made at all.
     for (const Group &group : groups) {
-        if (lastOfColor.value(group.name) == group.element) {
-            addColoringComponents(group.color, readComponentList(group.element));
+        if (!group.mentions.isEmpty()) {
+            addColoringComponents(group.color, makeComponents(group.mentions));
         }
     }
 }
@@ -164,15 +172,6 @@ void Components::writeComponentList(QDomDocument &document, QDomElement &parent,
         printer.printLast();
     }
     printer.finish();
-}
-
-void Component::read(const QDomElement &element)
-{
-    if (element.hasAttribute(QStringLiteral("IfcProjectGuid"))) {
-        _ifcProjectId = Xml::attribute(element, QStringLiteral("IfcProjectGuid"));
-    }
-    Xml::readLeadingText(element, QStringLiteral("OriginatingSystem"), &_originatingSystem);
-    Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &_authoringToolId);
 }
 
 void Component::write(QDomDocument &document, QDomElement &parent) const

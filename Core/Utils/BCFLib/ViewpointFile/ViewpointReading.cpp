@@ -138,9 +138,8 @@ void Viewpoint::readAndCheckValidOrthogonalCamera(const QDomElement &element)
 void Viewpoint::readLines(QDomElement &root)
 {
     const QDomElement lines = root.firstChildElement(QStringLiteral("Lines"));
-    for (const QDomElement &line : Xml::childElements(lines, QStringLiteral("Line"))) {
-        readAndCheckValidLine(line);
-    }
+    Xml::takeChildren(lines, QStringLiteral("Line"),
+                      [&](const QDomElement &line) { readAndCheckValidLine(line); });
 }
 
 void Viewpoint::readAndCheckValidLine(const QDomElement &element)
@@ -158,9 +157,8 @@ void Viewpoint::readAndCheckValidLine(const QDomElement &element)
 void Viewpoint::readClippingPlanes(QDomElement &root)
 {
     const QDomElement planes = root.firstChildElement(QStringLiteral("ClippingPlanes"));
-    for (const QDomElement &plane : Xml::childElements(planes, QStringLiteral("ClippingPlane"))) {
-        readAndCheckValidClippingPlane(plane);
-    }
+    Xml::takeChildren(planes, QStringLiteral("ClippingPlane"),
+                      [&](const QDomElement &plane) { readAndCheckValidClippingPlane(plane); });
 }
 
 void Viewpoint::readAndCheckValidClippingPlane(const QDomElement &element)
@@ -177,9 +175,8 @@ void Viewpoint::readAndCheckValidClippingPlane(const QDomElement &element)
 
 void Viewpoint::readBitmaps(QDomElement &root)
 {
-    for (const QDomElement &bitmap : Xml::childElements(root, QStringLiteral("Bitmaps"))) {
-        readAndCheckValidBitmap(bitmap);
-    }
+    Xml::takeChildren(root, QStringLiteral("Bitmaps"),
+                      [&](const QDomElement &bitmap) { readAndCheckValidBitmap(bitmap); });
 }
 
 void Viewpoint::readAndCheckValidBitmap(const QDomElement &element)

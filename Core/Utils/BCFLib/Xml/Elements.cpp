@@ -6,45 +6,6 @@
 
 namespace BCFLib {
 
-Xml::ChildElements::Iterator::Iterator(const QDomNode &firstChild, const QString &name)
-    : _name(name)
-{
-    find(firstChild);
-}
-
-Xml::ChildElements::Iterator &Xml::ChildElements::Iterator::operator++()
-{
-    if (_run) {
-        _element = _run->next();
-        if (!_element.isNull()) {
-            return *this;
-        }
-        _run.reset();
-        const QDomNode passed = _node;
-        find(passed.nextSibling());
-        passed.parentNode().removeChild(passed);
-    } else {
-        find(_node.nextSibling());
-    }
-    return *this;
-}
-
-void Xml::ChildElements::Iterator::find(const QDomNode &node)
-{
-    for (_node = node; !_node.isNull(); _node = _node.nextSibling()) {
-        if (_node.isElement() && _node.nodeName() == _name) {
-            _element = _node.toElement();
-            return;
-        }
-        if (PackedElements::isRun(_node, _name)) {
-            _run.emplace(_node);
-            _element = _run->next();
-            return;
-        }
-    }
-    _element = QDomElement();
-}
-
 QString Xml::attribute(const QDomElement &element, const QString &name)
 {
     return detached(element.attribute(name));

@@ -1,13 +1,12 @@
 #ifndef BCFLIB_XML_ELEMENTS_H
 #define BCFLIB_XML_ELEMENTS_H
 
-#include "PackedElements.h"
+#include "Reader.h"
+#include "TextRuns.h"
 
 #include <QDateTime>
 #include <QDomElement>
 #include <QString>
-
-#include <optional>
 
 namespace BCFLib {
 
@@ -17,51 +16,23 @@ namespace BCFLib {
 /// the document; each that outlives it would keep back a piece of what the document took.
 namespace Xml {
 
-/// All children of @p parent of that name, in file order, for a range-based for.
+/// Calls @p visit with each child element of @p parent of that name, in file order.
 ///
-/// Elements that are packed are there for the loop only, and once: a run that the loop is through with
-/// leaves the document, so that its memory serves for what was read of it.
-class ChildElements
+/// Elements that were kept as text are there for that call only: what was visited of them leaves the
+/// document, so that its memory serves for what is read of it. Another visit would not see them.
+template<class Visit>
+void takeChildren(QDomElement parent, const QString &name, const Visit &visit)
 {
-public:
-    ChildElements(const QDomElement &parent, const QString &name)
-        : _parent(parent)
-        , _name(name)
-    {
+    QDomNode next;
+    for (QDomNode node = parent.firstChild(); !node.isNull(); node = next) {
+        next = node.nextSibling();
+        if (TextRuns::isRun(node, name)) {
+            parent.removeChild(node);
+            takeChildren(elementsOfRun(node), name, visit);
+        } else if (node.isElement() && node.nodeName() == name) {
+            visit(node.toElement());
+        }
     }
-
-    class Iterator
-    {
-    public:
-        Iterator() = default;
-        Iterator(const QDomNode &firstChild, const QString &name);
-
-        const QDomElement &operator*() const { return _element; }
-        Iterator &operator++();
-        bool operator!=(const Iterator &other) const { return _element != other._element; }
-
-    private:
-        /// Goes to the first element in @p node and the siblings behind it.
-        void find(const QDomNode &node);
-
-        QString _name;
-        /// The child that the element is or is packed in.
-        QDomNode _node;
-        std::optional<PackedElements::Unpacker> _run;
-        QDomElement _element;
-    };
-
-    Iterator begin() const { return {_parent.firstChild(), _name}; }
-    Iterator end() const { return {}; }
-
-private:
-    QDomElement _parent;
-    QString _name;
-};
-
-inline ChildElements childElements(const QDomElement &parent, const QString &name)
-{
-    return {parent, name};
 }
 
 /// The element's attribute of that name; empty without it.

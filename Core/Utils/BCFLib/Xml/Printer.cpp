@@ -1,31 +1,16 @@
 #include "Printer.h"
 
+#include "TextRuns.h"
+
 #include <QDomDocument>
 #include <QIODevice>
-#include <QStringBuilder>
-#include <QUuid>
 
 namespace BCFLib {
 
 namespace {
 
-/// So many elements of a list stay in the document: printing so few one by one saves no time.
-constexpr int few = 200;
-
 /// What a text may hold before it is handed on.
 constexpr int enoughToWrite = 32 * 1024;
-
-/// What begins a node that holds printed text, in this process; no host can foretell it.
-const QString &mark()
-{
-    static const QString text = QUuid::createUuid().toString();
-    return text;
-}
-
-bool isPrinted(const QDomNode &node)
-{
-    return node.isProcessingInstruction() && node.nodeValue().startsWith(mark());
-}
 
 /// Where a text stands in a document.
 enum class Place { Content, Attribute };
@@ -40,7 +25,8 @@ const char *escapeAt(const QString &text, int i, Place place)
     case '<':
         return "&lt;";
     case '>':
-        return i >= 2 && text.midRef(i - 2, 2) == QLatin1String("]]") ? "&gt;" : nullptr;
+        return i >= 2 && text.at(i - 1) == QLatin1Char(']') && text.at(i - 2) == QLatin1Char(']') ? "&gt;"
+                                                                                                  : nullptr;
     case '\r':
         return "&#xd;";
     case '\n':
@@ -108,8 +94,8 @@ private:
                 printEscaped(node.nodeValue(), Place::Content);
             } else if (node.isElement()) {
                 printElement(node.toElement(), depth);
-            } else if (isPrinted(node)) {
-                _text += node.nodeValue().midRef(mark().size());
+            } else if (Xml::TextRuns::isRun(node)) {
+                _text += node.nodeValue();
                 flushIfLarge();
             }
         }
@@ -130,12 +116,12 @@ private:
         int printed = 0;
         for (int i = 0; i < text.size(); ++i) {
             if (const char *escape = escapeAt(text, i, place)) {
-                _text += text.midRef(printed, i - printed);
+                _text.append(text.constData() + printed, i - printed);
                 _text += QLatin1String(escape);
                 printed = i + 1;
             }
         }
-        _text += text.midRef(printed);
+        _text.append(text.constData() + printed, text.size() - printed);
     }
 
     void indent(int depth) { _text += QString(4 * depth, QLatin1Char(' ')); }
@@ -186,7 +172,7 @@ Xml::PrintedList::PrintedList(QDomDocument *document, const QDomElement &list)
 
 void Xml::PrintedList::printLast()
 {
-    if (++_count <= few) {
+    if (++_count <= Xml::TextRuns::fewElements) {
         return;
     }
     const QDomElement element = _list.lastChildElement();
@@ -204,9 +190,7 @@ void Xml::PrintedList::finish()
     if (_text.isEmpty()) {
         return;
     }
-    QDomNode printed = _document->createProcessingInstruction(_list.tagName(), QString());
-    printed.setNodeValue(mark() % _text);
-    _list.appendChild(printed);
+    _list.appendChild(Xml::TextRuns::create(_document, QString(), _text));
     _text.resize(0);
 }
 

@@ -1,6 +1,7 @@
 #ifndef BCFLIB_XML_READER_H
 #define BCFLIB_XML_READER_H
 
+#include <QDomElement>
 #include <QStringList>
 
 class QDomDocument;
@@ -11,13 +12,19 @@ namespace Xml {
 
 /// Parses @p device, which is opened for reading if it is closed, without namespace processing.
 ///
-/// False if the content is not well-formed. A file that passes one of the bounds of Limits, or
-/// whose document type declares entities or attributes, counts as not well-formed: such
-/// declarations have no use in an archive, and they make small files grow.
+/// False if the content is not well-formed; @p document is empty then. A file that passes one of the bounds
+/// of Limits, or whose document type declares entities or attributes, counts as not well-formed: such
+/// declarations have no use in an archive, and they make small files grow. Document types and the XML
+/// declaration are no part of the document.
 ///
-/// Elements of which a file may hold any number are best packed until their turn comes. They are named by
-/// their path below the root, as in "Lines/Line"; childElements() finds them.
-bool readDocument(QIODevice *device, QDomDocument *document, const QStringList &packedElements = {});
+/// Elements of which a file may hold any number are best kept as text until their turn comes, see
+/// TextRuns. They are named by their path below the root, as in "Lines/Line".
+///
+/// Throws std::bad_alloc where memory ends.
+bool readDocument(QIODevice *device, QDomDocument *document, const QStringList &numerousElements = {});
+
+/// The elements of a run, below an element of the run's document that stands nowhere in it.
+QDomElement elementsOfRun(const QDomNode &run);
 
 } // namespace Xml
 } // namespace BCFLib
