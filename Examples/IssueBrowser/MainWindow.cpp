@@ -4,6 +4,7 @@
 #include "ArchiveSaver.h"
 #include "CommentPanel.h"
 #include "DisplayText.h"
+#include "TopicArea.h"
 #include "TopicPanel.h"
 #include "TopicTableModel.h"
 #include "ViewpointPanel.h"
@@ -15,13 +16,10 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
-#include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -62,9 +60,7 @@ MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , _loader(new ArchiveLoader(this))
     , _topics(new TopicTableModel(this))
-    , _shownTopics(new QSortFilterProxyModel(this))
-    , _table(new QTableView)
-    , _filter(new QLineEdit)
+    , _topicArea(new TopicArea(_topics))
     , _topicPanel(new TopicPanel(_topics))
     , _comments(new CommentPanel)
     , _viewpoints(new ViewpointPanel)
@@ -77,10 +73,11 @@ MainWindow::MainWindow(QWidget *parent)
     details->addWidget(_viewpoints);
     details->setSizes({385, 455, 340});
     auto *const all = new QSplitter(Qt::Vertical);
-    all->addWidget(makeTopicArea());
+    all->addWidget(_topicArea);
     all->addWidget(details);
-    all->setStretchFactor(1, 1);
-    all->setSizes({160, 500});
+    all->setStretchFactor(0, 2);
+    all->setStretchFactor(1, 3);
+    all->setSizes({300, 400});
     all->setChildrenCollapsible(false);
     details->setChildrenCollapsible(false);
     setCentralWidget(all);
@@ -107,44 +104,6 @@ MainWindow::~MainWindow()
     hide();
 }
 
-QWidget *MainWindow::makeTopicArea()
-{
-    _shownTopics->setSourceModel(_topics);
-    _shownTopics->setSortRole(TopicTableModel::SortRole);
-    _shownTopics->setSortCaseSensitivity(Qt::CaseInsensitive);
-    _shownTopics->setSortLocaleAware(true);
-    _shownTopics->setFilterKeyColumn(-1);
-    _shownTopics->setFilterCaseSensitivity(Qt::CaseInsensitive);
-
-    _table->setObjectName(QStringLiteral("topics"));
-    _table->setModel(_shownTopics);
-    _table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    _table->setSelectionMode(QAbstractItemView::SingleSelection);
-    _table->setAlternatingRowColors(true);
-    _table->setShowGrid(false);
-    _table->setTabKeyNavigation(false);
-    _table->setWordWrap(false);
-    _table->verticalHeader()->hide();
-    _table->verticalHeader()->setDefaultSectionSize(_table->fontMetrics().height() + 8);
-    QHeaderView *const header = _table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header->setSectionResizeMode(TopicTableModel::Title, QHeaderView::Stretch);
-    // The archive's own order, until the user asks for another.
-    header->setSortIndicator(-1, Qt::AscendingOrder);
-    _table->setSortingEnabled(true);
-
-    _filter->setObjectName(QStringLiteral("filter"));
-    _filter->setPlaceholderText(tr("Show topics with this text in any column"));
-    _filter->setClearButtonEnabled(true);
-
-    auto *const area = new QWidget;
-    auto *const layout = new QVBoxLayout(area);
-    layout->addWidget(_filter);
-    layout->addWidget(_table);
-    return area;
-}
-
 void MainWindow::makeActions()
 {
     QMenu *const file = menuBar()->addMenu(tr("&File"));
@@ -157,8 +116,7 @@ void MainWindow::makeActions()
     file->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
 
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
-    const auto find = [this] { _filter->setFocus(Qt::ShortcutFocusReason); };
-    edit->addAction(tr("&Find Topics"), this, find, QKeySequence::Find);
+    edit->addAction(tr("&Find Topics"), _topicArea, &TopicArea::find, QKeySequence::Find);
     edit->addAction(tr("Edit &Title"), _topicPanel, &TopicPanel::editTitle, Qt::Key_F2);
 }
 
@@ -166,14 +124,13 @@ void MainWindow::connectParts()
 {
     connect(_loader, &ArchiveLoader::progressed, _progress, &QProgressBar::setValue);
     connect(_loader, &ArchiveLoader::loaded, this, &MainWindow::showOutcome);
-    connect(_filter, &QLineEdit::textChanged, this, &MainWindow::filterTopics);
-    connect(_table, &QTableView::doubleClicked, _topicPanel, &TopicPanel::editTitle);
-    connect(_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MainWindow::showTopic);
+    connect(_topicArea->table(), &QTableView::doubleClicked, _topicPanel, &TopicPanel::editTitle);
+    connect(_topicArea, &TopicArea::picked, this, &MainWindow::showTopic);
     connect(_topics, &TopicTableModel::edited, this, [this] { setWindowModified(true); });
     connect(_comments, &CommentPanel::authorChanged, _topics, &TopicTableModel::setEditor);
     connect(_comments, &CommentPanel::commentSelected, _viewpoints, &ViewpointPanel::showViewpointOf);
     connect(_comments, &CommentPanel::commentAdded, this,
-            [this] { _topics->touch(_shownTopics->mapToSource(_table->currentIndex())); });
+            [this] { _topics->touch(_topics->indexOf(_topicArea->topic())); });
     _topics->setEditor(_comments->author());
 }
 
@@ -249,7 +206,7 @@ void MainWindow::showOutcome(const QSharedPointer<BCFModel> &archive, const QStr
         showArchive(archive, path);
     }
     setLoading(false);
-    _table->setFocus();
+    _topicArea->table()->setFocus();
     if (!isUsable || !message.isEmpty()) {
         tell(isUsable ? QMessageBox::Warning : QMessageBox::Critical, title, message);
     }
@@ -258,15 +215,12 @@ void MainWindow::showOutcome(const QSharedPointer<BCFModel> &archive, const QStr
 
 void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QString &path)
 {
-    // The parts let go of the present topics before these are destroyed.
-    showTopic(QModelIndex());
+    // The present archive stays alive until all parts have gone on to the new one.
     _topics->setArchive(archive);
     _archive = archive;
     setPath(path);
     _summary->setText(summary(*archive, _topics->rowCount()));
-    _filter->clear();
-    _table->resizeColumnsToContents();
-    _table->setCurrentIndex(_shownTopics->index(0, TopicTableModel::Title));
+    _topicArea->table()->resizeColumnsToContents();
 }
 
 void MainWindow::setPath(const QString &path)
@@ -278,21 +232,11 @@ void MainWindow::setPath(const QString &path)
     setWindowModified(false);
 }
 
-void MainWindow::showTopic(const QModelIndex &shown)
+void MainWindow::showTopic(BCFLib::Topic *topic)
 {
-    const QModelIndex index = _shownTopics->mapToSource(shown);
-    BCFLib::Topic *const topic = _topics->topic(index);
-    _topicPanel->setTopic(index);
+    _topicPanel->setTopic(_topics->indexOf(topic));
     _comments->setTopic(topic);
     _viewpoints->setTopic(topic);
-}
-
-void MainWindow::filterTopics(const QString &text)
-{
-    _shownTopics->setFilterFixedString(text);
-    if (!_table->currentIndex().isValid()) {
-        _table->setCurrentIndex(_shownTopics->index(0, TopicTableModel::Title));
-    }
 }
 
 void MainWindow::tell(QMessageBox::Icon icon, const QString &title, const QString &text)

@@ -7,15 +7,14 @@
 
 namespace BCFLib {
 class BCFModel;
+class Topic;
 }
 
 class ArchiveLoader;
 class CommentPanel;
 class QLabel;
-class QLineEdit;
 class QProgressBar;
-class QSortFilterProxyModel;
-class QTableView;
+class TopicArea;
 class TopicPanel;
 class TopicTableModel;
 class ViewpointPanel;
@@ -45,7 +44,6 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    QWidget *makeTopicArea();
     void makeActions();
     void connectParts();
 
@@ -58,17 +56,14 @@ private:
     void showArchive(const QSharedPointer<BCFLib::BCFModel> &archive, const QString &path);
     /// The archive as shown is the one that stands there.
     void setPath(const QString &path);
-    void showTopic(const QModelIndex &shown);
-    void filterTopics(const QString &text);
+    void showTopic(BCFLib::Topic *topic);
     void tell(QMessageBox::Icon icon, const QString &title, const QString &text);
 
     QSharedPointer<BCFLib::BCFModel> _archive;
     QString _path;
     ArchiveLoader *_loader;
     TopicTableModel *_topics;
-    QSortFilterProxyModel *_shownTopics;
-    QTableView *_table;
-    QLineEdit *_filter;
+    TopicArea *_topicArea;
     TopicPanel *_topicPanel;
     CommentPanel *_comments;
     ViewpointPanel *_viewpoints;

@@ -5,6 +5,7 @@
 #include <Core/Utils/BCFLib/BCFModel.h>
 #include <Core/Utils/BCFLib/Topic.h>
 
+#include <QLocale>
 #include <QSet>
 
 using BCFLib::Topic;
@@ -34,7 +35,7 @@ const ColumnRule columns[] = {
     {QT_TRANSLATE_NOOP("TopicTableModel", "Created"),
      [](const Topic &topic) { return QVariant(topic.creationDate()); }},
     {QT_TRANSLATE_NOOP("TopicTableModel", "Comments"),
-     [](const Topic &topic) { return QVariant(topic.comments().size()); }},
+     [](const Topic &topic) { return QVariant(static_cast<int>(topic.comments().size())); }},
 };
 
 } // namespace
@@ -52,16 +53,27 @@ Topic *TopicTableModel::topic(const QModelIndex &index) const
     return index.isValid() ? _topics.at(index.row()) : nullptr;
 }
 
-QStringList TopicTableModel::statuses() const
+QModelIndex TopicTableModel::indexOf(const Topic *topic) const
+{
+    return index(_topics.indexOf(const_cast<Topic *>(topic)), Title);
+}
+
+QStringList TopicTableModel::values(Column column) const
 {
     QSet<QString> found;
     for (const Topic *topic : _topics) {
-        found.insert(topic->topicStatus());
+        found.insert(columns[column].value(*topic).toString());
     }
-    found.remove(QString());
     QStringList sorted = found.values();
     sorted.sort(Qt::CaseInsensitive);
     return sorted;
+}
+
+QStringList TopicTableModel::statuses() const
+{
+    QStringList statuses = values(Status);
+    statuses.removeAll(QString());
+    return statuses;
 }
 
 void TopicTableModel::touch(const QModelIndex &index)
@@ -89,10 +101,16 @@ QVariant TopicTableModel::data(const QModelIndex &index, int role) const
         return {};
     }
     QVariant value = columns[index.column()].value(*topic(index));
+    const bool isNumber = value.userType() == QMetaType::Int;
     switch (role) {
     case Qt::DisplayRole:
+        if (isNumber) {
+            return QLocale().toString(value.toInt());
+        }
         return index.column() == Created ? DisplayText::date(value.toDateTime())
                                          : DisplayText::oneLine(value.toString());
+    case Qt::TextAlignmentRole:
+        return QVariant(isNumber ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::EditRole:
     case SortRole:
         return value;

@@ -29,6 +29,10 @@ public:
     void setArchive(const QSharedPointer<BCFLib::BCFModel> &archive);
     /// The topic of a row; null for an invalid index.
     BCFLib::Topic *topic(const QModelIndex &index) const;
+    /// Where a topic stands; invalid if it is none of the archive's.
+    QModelIndex indexOf(const BCFLib::Topic *topic) const;
+    /// Every text of a column without repetition, sorted; the empty one too if a topic has none.
+    QStringList values(Column column) const;
     /// Every status that some topic has, sorted.
     QStringList statuses() const;
 
