@@ -1,92 +1,20 @@
-#include "MainWindow.h"
+#include "Browser.h"
 #include "SnapshotView.h"
 #include "TestArchive.h"
-#include "TopicTableModel.h"
 
 #include <Comment.h>
 #include <Topic.h>
 
-#include <QAbstractItemView>
 #include <QComboBox>
-#include <QDragEnterEvent>
-#include <QLineEdit>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 namespace {
-
-const QString sample = QStringLiteral(SAMPLE_ARCHIVE);
-
-/// The window with an archive, and the parts of it that a user meets.
-class Browser : public MainWindow
-{
-public:
-    explicit Browser(const QString &path)
-    {
-        show();
-        openAndWait(path);
-    }
-    void openAndWait(const QString &path)
-    {
-        QSignalSpy done(this, &MainWindow::opened);
-        open(path);
-        QVERIFY(!centralWidget()->isEnabled());
-        QVERIFY(done.wait());
-    }
-    void dropAndWait(QWidget *onto, const QString &path)
-    {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        QDragEnterEvent enter(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QDropEvent drop(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QSignalSpy done(this, &MainWindow::opened);
-        QApplication::sendEvent(onto, &enter);
-        QApplication::sendEvent(onto, &drop);
-        QVERIFY(done.wait());
-    }
-    template<class T>
-    T *part(const char *name) const
-    {
-        return findChild<T *>(QLatin1String(name));
-    }
-    QAbstractItemModel *topics() const { return part<QAbstractItemView>("topics")->model(); }
-    QAbstractItemModel *comments() const { return part<QAbstractItemView>("comments")->model(); }
-    QString title(int row) const { return topics()->index(row, TopicTableModel::Title).data().toString(); }
-    QString message() const
-    {
-        const QMessageBox *const box = findChild<QMessageBox *>();
-        return box && box->textFormat() == Qt::PlainText ? box->windowTitle() + ": " + box->text()
-                                                         : QString();
-    }
-};
-
-void replaceText(QLineEdit *field, const QString &text)
-{
-    field->selectAll();
-    QTest::keyClicks(field, text);
-    QTest::keyClick(field, Qt::Key_Return);
-}
 
 QByteArray comment(const QByteArray &guid, const QByteArray &answered)
 {
     return "<Comment Guid=\"" + guid + "\"><Comment>" + guid + "</Comment><ReplyToComment Guid=\"" + answered
         + "\"/></Comment>";
-}
-
-/// The texts of all comments, each with what stands below it in brackets.
-QString tree(const QAbstractItemModel &model, const QModelIndex &parent = QModelIndex())
-{
-    QStringList texts;
-    for (int row = 0; row < model.rowCount(parent); ++row) {
-        const QModelIndex index = model.index(row, 0, parent);
-        const QString below = tree(model, index);
-        texts << index.data().toString() + (below.isEmpty() ? QString() : '(' + below + ')');
-    }
-    return texts.join(' ');
 }
 
 } // namespace
@@ -191,11 +119,6 @@ void TestIssueBrowser::closingAsksForUnsavedEdits()
     Browser browser(sample);
     // Typed, but not yet taken over by leaving the field.
     QTest::keyClicks(browser.part<QLineEdit>("title"), "!");
-    const auto answer = [](QMessageBox::StandardButton button) {
-        QTimer::singleShot(0, [button] {
-            qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->button(button)->click();
-        });
-    };
     answer(QMessageBox::Cancel);
     QVERIFY(!browser.close());
     QVERIFY(browser.title(0).contains('!'));

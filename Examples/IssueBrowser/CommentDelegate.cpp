@@ -3,7 +3,9 @@
 #include "CommentTreeModel.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStaticText>
 #include <QTreeView>
 #include <QtMath>
@@ -11,6 +13,7 @@
 namespace {
 
 constexpr int margin = 5;
+constexpr int editorLines = 5;
 
 QFont headingFont(const QStyleOptionViewItem &option)
 {
@@ -72,4 +75,39 @@ QSize CommentDelegate::sizeHint(const QStyleOptionViewItem &option, const QModel
     const QStaticText text = wrapped(index.data().toString(), option.font, width);
     const int height = QFontMetrics(headingFont(option)).lineSpacing() + qCeil(text.size().height());
     return QSize(1, height + 2 * margin);
+}
+
+QWidget *CommentDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                                       const QModelIndex &) const
+{
+    auto *const editor = new QPlainTextEdit(parent);
+    editor->setObjectName(QStringLiteral("commentEditor"));
+    editor->setTabChangesFocus(true);
+    return editor;
+}
+
+void CommentDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                           const QModelIndex &) const
+{
+    QRect area = option.rect;
+    area.setHeight(qMax(area.height(), editor->fontMetrics().lineSpacing() * editorLines));
+    // The last comment's editor stands over those before it.
+    area.moveBottom(qMin(area.bottom(), qMax(_view->viewport()->height() - 1, area.height())));
+    editor->setGeometry(area);
+}
+
+bool CommentDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const auto *const key = isKey ? static_cast<const QKeyEvent *>(event) : nullptr;
+    if (!key || key->key() != Qt::Key_Return || !(key->modifiers() & Qt::ControlModifier)) {
+        return QStyledItemDelegate::eventFilter(watched, event);
+    }
+    event->accept();
+    if (event->type() == QEvent::KeyPress) {
+        auto *const editor = qobject_cast<QWidget *>(watched);
+        emit commitData(editor);
+        emit closeEditor(editor);
+    }
+    return true;
 }

@@ -1,8 +1,13 @@
 #include "CommentPanel.h"
 
+#include "ArchiveEditor.h"
 #include "CommentDelegate.h"
 #include "CommentTreeModel.h"
+#include "FieldKeys.h"
+#include "ViewpointChooser.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -11,26 +16,35 @@
 #include <QPushButton>
 #include <QTreeView>
 
+using BCFLib::Comment;
+using BCFLib::Topic;
+
 namespace {
 
 constexpr int draftLines = 4;
 
 } // namespace
 
-CommentPanel::CommentPanel(QWidget *parent)
+CommentPanel::CommentPanel(ArchiveEditor *editor, QWidget *parent)
     : QWidget(parent)
-    , _model(new CommentTreeModel(this))
+    , _editor(editor)
+    , _model(new CommentTreeModel(editor, this))
     , _tree(new QTreeView)
     , _text(new QPlainTextEdit)
+    , _view(new ViewpointChooser)
     , _author(new QLineEdit(qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"))))
     , _add(new QPushButton(tr("&Add Comment")))
     , _reply(new QPushButton(tr("&Reply")))
+    , _edit(addAction(tr("Edit &Comment"), Qt::Key_F2))
+    , _delete(addAction(tr("Delete Co&mment"), QKeySequence::Delete))
 {
     _tree->setObjectName(QStringLiteral("comments"));
     _text->setObjectName(QStringLiteral("draft"));
     _author->setObjectName(QStringLiteral("author"));
     _add->setObjectName(QStringLiteral("addComment"));
     _reply->setObjectName(QStringLiteral("reply"));
+    _edit->setObjectName(QStringLiteral("editComment"));
+    _delete->setObjectName(QStringLiteral("deleteComment"));
 
     _tree->setModel(_model);
     _tree->setItemDelegate(new CommentDelegate(_tree));
@@ -38,6 +52,9 @@ CommentPanel::CommentPanel(QWidget *parent)
     _tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     _tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     _tree->setAlternatingRowColors(true);
+    _tree->setEditTriggers(QAbstractItemView::DoubleClicked);
+    _tree->setExpandsOnDoubleClick(false);
+    _tree->setContextMenuPolicy(Qt::ActionsContextMenu);
     // The heights of the rows follow the width.
     _tree->viewport()->installEventFilter(this);
 
@@ -46,18 +63,40 @@ CommentPanel::CommentPanel(QWidget *parent)
     _text->setTabChangesFocus(true);
     _text->setFixedHeight(_text->fontMetrics().lineSpacing() * draftLines);
     _add->setShortcut(Qt::CTRL + Qt::Key_Return);
+    auto *const keys = new FieldKeys(this);
+    keys->watch(_text);
+    keys->watch(_author);
     layOut();
+    connectParts();
+}
 
+QAction *CommentPanel::addAction(const QString &text, const QKeySequence &shortcut)
+{
+    auto *const action = new QAction(text, this);
+    action->setShortcut(shortcut);
+    // The same keys mean the topic where the table has the focus.
+    action->setShortcutContext(Qt::WidgetShortcut);
+    _tree->addAction(action);
+    QWidget::addAction(action);
+    return action;
+}
+
+void CommentPanel::connectParts()
+{
     connect(_add, &QPushButton::clicked, this, [this] { add(false); });
     connect(_reply, &QPushButton::clicked, this, [this] { add(true); });
+    connect(_edit, &QAction::triggered, this, [this] { _tree->edit(_tree->currentIndex()); });
+    connect(_delete, &QAction::triggered, this, [this] { _editor->removeComment(current()); });
     connect(_text, &QPlainTextEdit::textChanged, this, &CommentPanel::updateButtons);
+    connect(_author, &QLineEdit::textChanged, _editor, &ArchiveEditor::setAuthor);
     connect(_author, &QLineEdit::textChanged, this, &CommentPanel::updateButtons);
-    connect(_author, &QLineEdit::textChanged, this, &CommentPanel::authorChanged);
-    connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex &current) {
-                updateButtons();
-                emit commentSelected(_model->comment(current));
-            });
+    connect(_editor, &ArchiveEditor::edited, this, &CommentPanel::follow);
+    connect(_model, &QAbstractItemModel::modelReset, _tree, &QTreeView::expandAll);
+    connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        updateButtons();
+        emit commentSelected(current());
+    });
+    _editor->setAuthor(author());
 }
 
 void CommentPanel::layOut()
@@ -72,15 +111,49 @@ void CommentPanel::layOut()
     grid->addWidget(_text, 2, 0, 1, 4);
     grid->addWidget(as, 3, 0);
     grid->addWidget(_author, 3, 1);
-    grid->addWidget(_reply, 3, 2);
-    grid->addWidget(_add, 3, 3);
+    grid->addWidget(_view, 3, 2, 1, 2);
+    grid->addWidget(_reply, 4, 2);
+    grid->addWidget(_add, 4, 3);
 }
 
-void CommentPanel::setTopic(BCFLib::Topic *topic)
+void CommentPanel::setTopic(Topic *topic)
 {
+    if (topic == _model->topic()) {
+        return;
+    }
+    keepDraft();
     _model->setTopic(topic);
-    _tree->expandAll();
+    _view->setTopic(topic);
+    _text->setPlainText(_drafts.take(topic));
+    _text->moveCursor(QTextCursor::End);
     updateButtons();
+}
+
+void CommentPanel::submit()
+{
+    // Its editor, if there is one, is left by this.
+    if (_tree->isAncestorOf(QApplication::focusWidget())) {
+        _tree->setFocus();
+    }
+}
+
+void CommentPanel::follow(Topic *topic, Comment *comment)
+{
+    if (comment && topic == _model->topic()) {
+        const Comment *const before = current();
+        _model->update(comment);
+        setCurrent(before);
+        updateButtons();
+    }
+}
+
+void CommentPanel::keepDraft()
+{
+    Topic *const topic = _model->topic();
+    if (topic && isWriting()) {
+        _drafts.insert(topic, _text->toPlainText());
+        connect(topic, &QObject::destroyed, this, [this, topic] { _drafts.remove(topic); });
+    }
 }
 
 QString CommentPanel::author() const
@@ -88,9 +161,41 @@ QString CommentPanel::author() const
     return _author->text();
 }
 
-bool CommentPanel::hasDraft() const
+bool CommentPanel::isWriting() const
 {
     return !_text->toPlainText().trimmed().isEmpty();
+}
+
+bool CommentPanel::hasDraft() const
+{
+    return isWriting() || !_drafts.isEmpty();
+}
+
+bool CommentPanel::addDrafts()
+{
+    if (hasDraft() && author().trimmed().isEmpty()) {
+        _author->setFocus();
+        return false;
+    }
+    keepDraft();
+    for (auto draft = _drafts.cbegin(); draft != _drafts.cend(); ++draft) {
+        _editor->addComment(draft.key(), draft.value(), nullptr, nullptr);
+    }
+    _drafts.clear();
+    _text->clear();
+    return true;
+}
+
+Comment *CommentPanel::current() const
+{
+    return _model->comment(_tree->currentIndex());
+}
+
+void CommentPanel::setCurrent(const Comment *comment)
+{
+    const QModelIndex index = _model->indexOf(comment);
+    _tree->setCurrentIndex(index);
+    _tree->scrollTo(index);
 }
 
 bool CommentPanel::eventFilter(QObject *watched, QEvent *event)
@@ -103,18 +208,20 @@ bool CommentPanel::eventFilter(QObject *watched, QEvent *event)
 
 void CommentPanel::add(bool asReply)
 {
-    const QModelIndex answered = asReply ? _tree->currentIndex() : QModelIndex();
-    const QModelIndex added = _model->addComment(_text->toPlainText(), author(), answered);
+    Comment *const added = _editor->addComment(_model->topic(), _text->toPlainText(),
+                                               asReply ? current() : nullptr, _view->viewpoint());
     _text->clear();
-    _tree->expand(added.parent());
-    _tree->setCurrentIndex(added);
-    _tree->scrollTo(added);
-    emit commentAdded();
+    _view->setViewpoint(nullptr);
+    setCurrent(added);
 }
 
 void CommentPanel::updateButtons()
 {
-    const bool canAdd = _model->topic() != nullptr && hasDraft() && !author().trimmed().isEmpty();
+    const bool canWrite = _model->topic() && _editor->canEdit();
+    const bool canAdd = canWrite && isWriting() && !author().trimmed().isEmpty();
+    _text->setReadOnly(!canWrite);
     _add->setEnabled(canAdd);
-    _reply->setEnabled(canAdd && _tree->currentIndex().isValid());
+    _reply->setEnabled(canAdd && current());
+    _edit->setEnabled(_editor->isOwn(current()));
+    _delete->setEnabled(_edit->isEnabled());
 }

@@ -1,5 +1,6 @@
 #include "CommentTreeModel.h"
 
+#include "ArchiveEditor.h"
 #include "DisplayText.h"
 
 #include <Core/Utils/BCFLib/BCF_2_0_Comment.h>
@@ -37,8 +38,9 @@ int nodeOf(const QModelIndex &index)
 
 } // namespace
 
-CommentTreeModel::CommentTreeModel(QObject *parent)
+CommentTreeModel::CommentTreeModel(ArchiveEditor *editor, QObject *parent)
     : QAbstractItemModel(parent)
+    , _editor(editor)
     , _nodes(1)
 {
 }
@@ -48,18 +50,28 @@ void CommentTreeModel::setTopic(BCFLib::Topic *topic)
     beginResetModel();
     _topic = topic;
     _nodes = QVector<Node>(1);
+    _comments.clear();
     if (topic) {
         arrange();
     }
     endResetModel();
 }
 
+void CommentTreeModel::update(const Comment *comment)
+{
+    if (_topic->comments() != _comments) {
+        setTopic(_topic);
+    } else {
+        emit dataChanged(indexOf(comment), indexOf(comment));
+    }
+}
+
 void CommentTreeModel::arrange()
 {
-    const QList<Comment *> comments = _topic->comments();
-    const QSet<const Comment *> own(comments.begin(), comments.end());
+    _comments = _topic->comments();
+    const QSet<const Comment *> own(_comments.cbegin(), _comments.cend());
     QHash<const Comment *, QVector<Comment *>> answers;
-    for (Comment *comment : comments) {
+    for (Comment *comment : std::as_const(_comments)) {
         const Comment *const answered = comment->replyToComment();
         answers[own.contains(answered) ? answered : nullptr].append(comment);
     }
@@ -84,7 +96,7 @@ void CommentTreeModel::arrange()
         appendThread(comment);
     }
     // Whatever no thread has reached hangs on a circle of answers.
-    for (Comment *comment : comments) {
+    for (Comment *comment : std::as_const(_comments)) {
         appendThread(comment);
     }
 }
@@ -92,18 +104,13 @@ void CommentTreeModel::arrange()
 int CommentTreeModel::append(Comment *comment, int parent)
 {
     const int node = _nodes.size();
-    const int place = placeBelow(parent);
+    const int place = _nodes.at(parent).depth < deepest ? parent : _nodes.at(parent).parent;
     _nodes.append({comment, place, _nodes.at(place).children.size(), _nodes.at(place).depth + 1});
     _nodes[place].children.append(node);
     return node;
 }
 
-int CommentTreeModel::placeBelow(int parent) const
-{
-    return _nodes.at(parent).depth < deepest ? parent : _nodes.at(parent).parent;
-}
-
-QModelIndex CommentTreeModel::indexOf(int node) const
+QModelIndex CommentTreeModel::indexOfNode(int node) const
 {
     return node == 0 ? QModelIndex() : createIndex(_nodes.at(node).row, 0, static_cast<quintptr>(node));
 }
@@ -113,33 +120,26 @@ Comment *CommentTreeModel::comment(const QModelIndex &index) const
     return index.isValid() ? _nodes.at(nodeOf(index)).comment : nullptr;
 }
 
-QModelIndex CommentTreeModel::addComment(const QString &text, const QString &author,
-                                         const QModelIndex &answered)
+QModelIndex CommentTreeModel::indexOf(const Comment *comment) const
 {
-    Comment *const added = _topic->addComment(QString());
-    added->setComment(text);
-    added->setAuthor(author);
-    added->setDate(QDateTime::currentDateTime());
-    added->setReplyToComment(comment(answered));
-
-    const int place = placeBelow(answered.isValid() ? nodeOf(answered) : 0);
-    const int row = _nodes.at(place).children.size();
-    beginInsertRows(indexOf(place), row, row);
-    const int node = append(added, place);
-    endInsertRows();
-    return indexOf(node);
+    for (int node = 1; node < _nodes.size(); ++node) {
+        if (_nodes.at(node).comment == comment) {
+            return indexOfNode(node);
+        }
+    }
+    return {};
 }
 
 QModelIndex CommentTreeModel::index(int row, int column, const QModelIndex &parent) const
 {
     return hasIndex(row, column, parent)
-        ? indexOf(_nodes.at(parent.isValid() ? nodeOf(parent) : 0).children.at(row))
+        ? indexOfNode(_nodes.at(parent.isValid() ? nodeOf(parent) : 0).children.at(row))
         : QModelIndex();
 }
 
 QModelIndex CommentTreeModel::parent(const QModelIndex &index) const
 {
-    return index.isValid() ? indexOf(_nodes.at(nodeOf(index)).parent) : QModelIndex();
+    return index.isValid() ? indexOfNode(_nodes.at(nodeOf(index)).parent) : QModelIndex();
 }
 
 int CommentTreeModel::rowCount(const QModelIndex &parent) const
@@ -161,9 +161,22 @@ QVariant CommentTreeModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return DisplayText::paragraph(shown->comment());
+    case Qt::EditRole:
+        return shown->comment();
     case HeadingRole:
         return heading(*shown);
     default:
         return {};
     }
+}
+
+Qt::ItemFlags CommentTreeModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    return _editor->isOwn(comment(index)) ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool CommentTreeModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    return role == Qt::EditRole && _editor->changeText(comment(index), value.toString());
 }

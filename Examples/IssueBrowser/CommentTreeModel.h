@@ -2,12 +2,15 @@
 #define ISSUEBROWSER_COMMENTTREEMODEL_H
 
 #include <QAbstractItemModel>
+#include <QList>
 #include <QVector>
 
 namespace BCFLib {
 class Comment;
 class Topic;
 }
+
+class ArchiveEditor;
 
 /// The comments of a topic as threads: an answer stands below what it answers.
 ///
@@ -21,22 +24,26 @@ public:
     /// Who wrote a comment, when, and in older archives with what status.
     enum Role { HeadingRole = Qt::UserRole };
 
-    explicit CommentTreeModel(QObject *parent = nullptr);
+    explicit CommentTreeModel(ArchiveEditor *editor, QObject *parent = nullptr);
 
     /// Shows another topic, which has to outlive its being shown; null for none.
     void setTopic(BCFLib::Topic *topic);
     BCFLib::Topic *topic() const { return _topic; }
     /// The comment at @p index; null for an invalid one.
     BCFLib::Comment *comment(const QModelIndex &index) const;
-    /// Adds a comment of this moment to the topic, as an answer if @p answered is valid.
-    QModelIndex addComment(const QString &text, const QString &author,
-                           const QModelIndex &answered = QModelIndex());
+    /// Where a comment stands; invalid if it is none of the topic's.
+    QModelIndex indexOf(const BCFLib::Comment *comment) const;
+    /// Follows an edit of a comment; one that came or went means a reset.
+    void update(const BCFLib::Comment *comment);
 
     QModelIndex index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex &index) const override;
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    /// Only own comments can be edited.
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
 private:
     /// One comment in its place. Nodes are named by their position in _nodes; the first is the root,
@@ -52,10 +59,12 @@ private:
 
     void arrange();
     int append(BCFLib::Comment *comment, int parent);
-    int placeBelow(int parent) const;
-    QModelIndex indexOf(int node) const;
+    QModelIndex indexOfNode(int node) const;
 
+    ArchiveEditor *_editor;
     BCFLib::Topic *_topic = nullptr;
+    /// As the topic had them when they were arranged.
+    QList<BCFLib::Comment *> _comments;
     QVector<Node> _nodes;
 };
 

@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "ArchiveEditor.h"
 #include "ArchiveLoader.h"
 #include "ArchiveSaver.h"
 #include "CommentPanel.h"
@@ -59,10 +60,11 @@ QString draggedFile(const QMimeData *data)
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , _loader(new ArchiveLoader(this))
+    , _editor(new ArchiveEditor(this))
     , _topics(new TopicTableModel(this))
     , _topicArea(new TopicArea(_topics))
-    , _topicPanel(new TopicPanel(_topics))
-    , _comments(new CommentPanel)
+    , _topicPanel(new TopicPanel(_editor, _topics))
+    , _comments(new CommentPanel(_editor))
     , _viewpoints(new ViewpointPanel)
     , _summary(new QLabel(tr("Open an archive or drop one here")))
     , _progress(new QProgressBar)
@@ -116,8 +118,33 @@ void MainWindow::makeActions()
     file->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
 
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
+    // An edit that is under way is the first one to undo.
+    connect(edit, &QMenu::aboutToShow, this, &MainWindow::submit);
+    QAction *const undo = _editor->history()->createUndoAction(this, tr("&Undo"));
+    QAction *const redo = _editor->history()->createRedoAction(this, tr("&Redo"));
+    undo->setObjectName(QStringLiteral("undo"));
+    redo->setObjectName(QStringLiteral("redo"));
+    undo->setShortcut(QKeySequence::Undo);
+    redo->setShortcut(QKeySequence::Redo);
+    edit->addActions({undo, redo});
+    edit->addSeparator();
     edit->addAction(tr("&Find Topics"), _topicArea, &TopicArea::find, QKeySequence::Find);
-    edit->addAction(tr("Edit &Title"), _topicPanel, &TopicPanel::editTitle, Qt::Key_F2);
+    edit->addSeparator();
+    _newTopic = edit->addAction(tr("&New Topic"), this, &MainWindow::addTopic, QKeySequence::New);
+    _editTitle = edit->addAction(tr("Edit &Title"), _topicPanel, &TopicPanel::editTitle, Qt::Key_F2);
+    _deleteTopic = edit->addAction(
+        tr("&Delete Topic"), this, [this] { _editor->removeTopic(_topicArea->topic()); },
+        QKeySequence::Delete);
+    _newTopic->setObjectName(QStringLiteral("newTopic"));
+    _deleteTopic->setObjectName(QStringLiteral("deleteTopic"));
+    // With the focus elsewhere these keys mean something else.
+    for (QAction *action : {_editTitle, _deleteTopic}) {
+        action->setShortcutContext(Qt::WidgetShortcut);
+        _topicArea->table()->addAction(action);
+    }
+    _topicArea->table()->setContextMenuPolicy(Qt::ActionsContextMenu);
+    edit->addSeparator();
+    edit->addActions(_comments->actions());
 }
 
 void MainWindow::connectParts()
@@ -126,12 +153,17 @@ void MainWindow::connectParts()
     connect(_loader, &ArchiveLoader::loaded, this, &MainWindow::showOutcome);
     connect(_topicArea->table(), &QTableView::doubleClicked, _topicPanel, &TopicPanel::editTitle);
     connect(_topicArea, &TopicArea::picked, this, &MainWindow::showTopic);
-    connect(_topics, &TopicTableModel::edited, this, [this] { setWindowModified(true); });
-    connect(_comments, &CommentPanel::authorChanged, _topics, &TopicTableModel::setEditor);
+    connect(_editor->history(), &QUndoStack::cleanChanged, this,
+            [this](bool isClean) { setWindowModified(!isClean); });
+    connect(_editor, &ArchiveEditor::edited, this, &MainWindow::followEdit);
+    connect(_comments, &CommentPanel::authorChanged, this, &MainWindow::updateActions);
     connect(_comments, &CommentPanel::commentSelected, _viewpoints, &ViewpointPanel::showViewpointOf);
-    connect(_comments, &CommentPanel::commentAdded, this,
-            [this] { _topics->touch(_topics->indexOf(_topicArea->topic())); });
-    _topics->setEditor(_comments->author());
+}
+
+void MainWindow::submit()
+{
+    _topicPanel->submit();
+    _comments->submit();
 }
 
 void MainWindow::open(const QString &path)
@@ -144,7 +176,7 @@ void MainWindow::open(const QString &path)
 
 bool MainWindow::save(const QString &path)
 {
-    _topicPanel->submit();
+    submit();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool isSaved = saveArchive(*_archive, path);
     QApplication::restoreOverrideCursor();
@@ -172,7 +204,7 @@ bool MainWindow::chooseAndSave()
 
 bool MainWindow::mayLetGo()
 {
-    _topicPanel->submit();
+    submit();
     if (!_archive || (!isWindowModified() && !_comments->hasDraft())) {
         return true;
     }
@@ -181,7 +213,7 @@ bool MainWindow::mayLetGo()
         tr("There are changes that are not saved, or a comment that is not added yet."),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     return answer == QMessageBox::Discard
-        || (answer == QMessageBox::Save && chooseAndSave() && !_comments->hasDraft());
+        || (answer == QMessageBox::Save && _comments->addDrafts() && chooseAndSave());
 }
 
 void MainWindow::setLoading(bool isLoading)
@@ -193,6 +225,15 @@ void MainWindow::setLoading(bool isLoading)
     _open->setEnabled(!isLoading);
     _saveAs->setEnabled(!isLoading && _archive && _archive->errorString().isEmpty());
     setAcceptDrops(!isLoading);
+    updateActions();
+}
+
+void MainWindow::updateActions()
+{
+    const bool canEdit = _editor->canEdit() && centralWidget()->isEnabled();
+    _newTopic->setEnabled(canEdit && !_comments->author().trimmed().isEmpty());
+    _deleteTopic->setEnabled(canEdit && _topicArea->topic());
+    _editTitle->setEnabled(_deleteTopic->isEnabled());
 }
 
 void MainWindow::showOutcome(const QSharedPointer<BCFModel> &archive, const QString &path)
@@ -216,6 +257,7 @@ void MainWindow::showOutcome(const QSharedPointer<BCFModel> &archive, const QStr
 void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QString &path)
 {
     // The present archive stays alive until all parts have gone on to the new one.
+    _editor->setArchive(archive);
     _topics->setArchive(archive);
     _archive = archive;
     setPath(path);
@@ -229,14 +271,31 @@ void MainWindow::setPath(const QString &path)
     setWindowFilePath(path);
     // A star takes the place of the brackets where something is unsaved.
     setWindowTitle(QFileInfo(path).fileName() + QStringLiteral("[*]"));
-    setWindowModified(false);
+    _editor->history()->setClean();
 }
 
 void MainWindow::showTopic(BCFLib::Topic *topic)
 {
-    _topicPanel->setTopic(_topics->indexOf(topic));
+    _topicPanel->setTopic(topic);
     _comments->setTopic(topic);
     _viewpoints->setTopic(topic);
+    updateActions();
+}
+
+void MainWindow::followEdit(BCFLib::Topic *topic)
+{
+    const bool isPicked = topic == _topicArea->topic();
+    _topics->update(topic);
+    if (!isPicked && _topics->indexOf(topic).isValid()) {
+        _topicArea->pick(topic);
+    }
+}
+
+void MainWindow::addTopic()
+{
+    submit();
+    _editor->addTopic(tr("New topic"));
+    _topicPanel->editTitle();
 }
 
 void MainWindow::tell(QMessageBox::Icon icon, const QString &title, const QString &text)

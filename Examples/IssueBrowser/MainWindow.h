@@ -10,6 +10,7 @@ class BCFModel;
 class Topic;
 }
 
+class ArchiveEditor;
 class ArchiveLoader;
 class CommentPanel;
 class QLabel;
@@ -57,11 +58,17 @@ private:
     /// The archive as shown is the one that stands there.
     void setPath(const QString &path);
     void showTopic(BCFLib::Topic *topic);
+    void followEdit(BCFLib::Topic *topic);
+    void addTopic();
+    /// Takes over what is being typed.
+    void submit();
+    void updateActions();
     void tell(QMessageBox::Icon icon, const QString &title, const QString &text);
 
     QSharedPointer<BCFLib::BCFModel> _archive;
     QString _path;
     ArchiveLoader *_loader;
+    ArchiveEditor *_editor;
     TopicTableModel *_topics;
     TopicArea *_topicArea;
     TopicPanel *_topicPanel;
@@ -71,6 +78,9 @@ private:
     QProgressBar *_progress;
     QAction *_open = nullptr;
     QAction *_saveAs = nullptr;
+    QAction *_newTopic = nullptr;
+    QAction *_editTitle = nullptr;
+    QAction *_deleteTopic = nullptr;
 };
 
 #endif

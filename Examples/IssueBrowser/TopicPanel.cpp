@@ -1,7 +1,9 @@
 #include "TopicPanel.h"
 
+#include "ArchiveEditor.h"
 #include "DisplayText.h"
 #include "FactLabel.h"
+#include "FieldKeys.h"
 #include "TopicTableModel.h"
 
 #include <Core/Utils/BCFLib/Topic.h>
@@ -12,113 +14,182 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-namespace {
+using BCFLib::Topic;
 
-QString joined(QStringList parts)
-{
-    parts.removeAll(QString());
-    return DisplayText::oneLine(parts.join(QStringLiteral(" · ")));
-}
+namespace {
 
 QString stamp(const QDateTime &date, const QString &author)
 {
     return (DisplayText::date(date) + QLatin1Char('\n') + DisplayText::oneLine(author)).trimmed();
 }
 
+bool isList(const QVariant &value)
+{
+    return value.userType() == QMetaType::QStringList;
+}
+
+/// Labels stand side by side with commas between, or with semicolons where a label has a comma in it.
+QString textOf(const QVariant &value)
+{
+    if (!isList(value)) {
+        return value.toString();
+    }
+    const QString text = value.toStringList().join(QStringLiteral(", "));
+    return text.count(QLatin1Char(',')) < value.toStringList().size()
+        ? text
+        : value.toStringList().join(QStringLiteral("; ")) + QLatin1Char(';');
+}
+
+QVariant valueOf(const QString &text, bool asList)
+{
+    if (!asList) {
+        return text;
+    }
+    QStringList labels;
+    const QLatin1Char separator(text.contains(QLatin1Char(';')) ? ';' : ',');
+    for (const QString &label : text.split(separator)) {
+        labels << label.trimmed();
+    }
+    labels.removeAll(QString());
+    return labels;
+}
+
 } // namespace
 
-TopicPanel::TopicPanel(TopicTableModel *topics, QWidget *parent)
+TopicPanel::TopicPanel(ArchiveEditor *editor, TopicTableModel *topics, QWidget *parent)
     : QWidget(parent)
+    , _editor(editor)
     , _topics(topics)
-    , _title(new QLineEdit)
-    , _status(new QComboBox)
+    , _keys(new FieldKeys(this))
     , _description(new QPlainTextEdit)
 {
-    _title->setObjectName(QStringLiteral("title"));
-    _status->setObjectName(QStringLiteral("status"));
-    _status->setEditable(true);
-    _status->setInsertPolicy(QComboBox::NoInsert);
-    _description->setReadOnly(true);
-    _description->setTabChangesFocus(true);
-
     auto *const form = new QFormLayout(this);
-    form->addRow(tr("&Title"), _title);
-    form->addRow(tr("Stat&us"), _status);
-    _type = addFact(form, tr("Kind"));
-    _assignedTo = addFact(form, tr("Assigned to"));
+    addField(form, tr("&Title"), "_title", "title");
+    addField(form, tr("Stat&us"), "_topicStatus", "status", TopicTableModel::Status);
+    addField(form, tr("T&ype"), "_topicType", "type", TopicTableModel::Type);
+    addField(form, tr("&Priority"), "_priority", "priority", TopicTableModel::Priority);
+    addField(form, tr("Assi&gned to"), "_assignedTo", "assignedTo", TopicTableModel::AssignedTo);
+    addField(form, tr("&Labels"), "_labels", "labels");
     _created = addFact(form, tr("Created"));
     _modified = addFact(form, tr("Modified"));
-    _labels = addFact(form, tr("Labels"));
     form->addRow(_description);
 
-    connect(_title, &QLineEdit::editingFinished, this, &TopicPanel::submit);
-    connect(_status->lineEdit(), &QLineEdit::editingFinished, this, &TopicPanel::submit);
-    connect(_status, QOverload<int>::of(&QComboBox::activated), this, &TopicPanel::setStatus);
-    connect(_topics, &TopicTableModel::modelReset, this, &TopicPanel::offerStatuses);
-    connect(_topics, &TopicTableModel::dataChanged, this, &TopicPanel::refresh);
+    _description->setObjectName(QStringLiteral("description"));
+    _description->setPlaceholderText(tr("Description"));
+    _description->setTabChangesFocus(true);
+    _keys->watch(_description);
+
+    connect(_keys, &FieldKeys::escaped, this, &TopicPanel::refresh);
+    connect(_keys, &FieldKeys::left, this, [this](const QObject *field) {
+        // The others tell by editingFinished().
+        if (field == _description) {
+            submit();
+        }
+    });
+    connect(_editor, &ArchiveEditor::edited, this, &TopicPanel::refresh);
+    connect(_topics, &TopicTableModel::modelReset, this, &TopicPanel::offerChoices);
     refresh();
 }
 
-void TopicPanel::setTopic(const QModelIndex &index)
+void TopicPanel::addField(QFormLayout *form, const QString &label, const char *property, const char *name,
+                          int choiceColumn)
 {
-    _index = index;
+    QComboBox *const choices = choiceColumn >= 0 ? new QComboBox : nullptr;
+    QLineEdit *const line = new QLineEdit;
+    if (choices) {
+        choices->setLineEdit(line);
+        choices->setInsertPolicy(QComboBox::NoInsert);
+        // The fields follow the width of the panel, not that of their choices.
+        choices->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        choices->setMinimumContentsLength(6);
+        connect(choices, QOverload<int>::of(&QComboBox::activated), this, [this, line] {
+            line->setModified(true);
+            submit();
+        });
+    }
+    QWidget *const widget = choices ? static_cast<QWidget *>(choices) : line;
+    widget->setObjectName(QLatin1String(name));
+    form->addRow(label, widget);
+    _keys->watch(widget);
+    connect(line, &QLineEdit::editingFinished, this, &TopicPanel::submit);
+    _fields.append({property, line, choices, choiceColumn});
+}
+
+void TopicPanel::offerChoices()
+{
+    for (const Field &field : std::as_const(_fields)) {
+        if (field.choices) {
+            QStringList values = _topics->values(static_cast<TopicTableModel::Column>(field.choiceColumn));
+            values.removeAll(QString());
+            field.choices->clear();
+            field.choices->addItems(values);
+        }
+    }
+    refresh();
+}
+
+void TopicPanel::setTopic(Topic *topic)
+{
+    _topic = topic;
     refresh();
 }
 
 void TopicPanel::submit()
 {
+    if (!_topic || !_editor->canEdit()) {
+        return;
+    }
     // Only what the user has typed: a field may show less than a stranger's text holds.
-    if (_title->isModified()) {
-        _topics->setData(_index, _title->text());
+    QVariantMap typed;
+    for (const Field &field : std::as_const(_fields)) {
+        if (field.line->isModified()) {
+            typed.insert(QLatin1String(field.property),
+                         valueOf(field.line->text(), isList(_topic->property(field.property))));
+        }
     }
-    if (_status->lineEdit()->isModified()) {
-        setStatus();
+    if (_description->document()->isModified()) {
+        typed.insert(QStringLiteral("_description"), _description->toPlainText());
     }
-    refresh();
-}
-
-void TopicPanel::setStatus()
-{
-    _topics->setData(QModelIndex(_index).siblingAtColumn(TopicTableModel::Status), _status->currentText());
+    if (!typed.isEmpty() && !_editor->change(_topic, typed)) {
+        refresh();
+    }
 }
 
 void TopicPanel::editTitle()
 {
-    _title->setFocus();
-    _title->selectAll();
-}
-
-void TopicPanel::offerStatuses()
-{
-    _status->clear();
-    _status->addItems(_topics->statuses());
+    QLineEdit *const title = _fields.first().line;
+    title->setFocus();
+    title->selectAll();
 }
 
 void TopicPanel::refresh()
 {
-    static const BCFLib::Topic *const none = nullptr;
-    const BCFLib::Topic *const topic = _index.isValid() ? _topics->topic(_index) : none;
-    setEnabled(topic != nullptr);
-    if (!topic) {
-        _title->clear();
-        _status->clearEditText();
-        _description->clear();
-        for (QLabel *fact : {_type, _assignedTo, _created, _modified, _labels}) {
-            fact->clear();
+    setEnabled(_topic != nullptr);
+    for (const Field &field : std::as_const(_fields)) {
+        const QString text = _topic ? textOf(_topic->property(field.property)) : QString();
+        if (field.choices) {
+            if (!text.isEmpty()
+                && field.choices->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
+                field.choices->addItem(text);
+            }
+            field.choices->setEnabled(_editor->canEdit());
         }
-        return;
+        field.line->setReadOnly(!_editor->canEdit());
+        field.line->setText(text);
+        field.line->setCursorPosition(0);
     }
-    const QString status = topic->topicStatus();
-    if (!status.isEmpty() && _status->findText(status, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
-        _status->addItem(status);
+    _created->setText(_topic ? stamp(_topic->creationDate(), _topic->creationAuthor()) : QString());
+    _modified->setText(_topic ? stamp(_topic->modifiedDate(), _topic->modifiedAuthor()) : QString());
+    showDescription();
+}
+
+void TopicPanel::showDescription()
+{
+    const QString whole = _topic ? _topic->description() : QString();
+    const QString shown = DisplayText::paragraph(whole);
+    if (shown != _description->toPlainText() || _description->document()->isModified()) {
+        _description->setPlainText(shown);
     }
-    _title->setText(topic->title());
-    _title->setCursorPosition(0);
-    _status->setEditText(status);
-    _type->setText(joined({topic->topicType(), topic->priority()}));
-    _assignedTo->setText(joined({topic->assignedTo()}));
-    _created->setText(stamp(topic->creationDate(), topic->creationAuthor()));
-    _modified->setText(stamp(topic->modifiedDate(), topic->modifiedAuthor()));
-    _labels->setText(joined(topic->labels()));
-    _description->setPlainText(DisplayText::paragraph(topic->description()));
+    // An edit of the beginning alone would cut off the rest.
+    _description->setReadOnly(!_editor->canEdit() || shown.size() != whole.size());
 }

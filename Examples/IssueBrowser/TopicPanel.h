@@ -1,44 +1,65 @@
 #ifndef ISSUEBROWSER_TOPICPANEL_H
 #define ISSUEBROWSER_TOPICPANEL_H
 
-#include <QPersistentModelIndex>
+#include <QVector>
 #include <QWidget>
 
+namespace BCFLib {
+class Topic;
+}
+
+class ArchiveEditor;
+class FieldKeys;
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class TopicTableModel;
 
-/// The fields of one topic; title and status can be edited.
+/// The fields of one topic, most of which can be edited.
+///
+/// What is typed is taken over when the user leaves the field; until then Escape gives it up.
 class TopicPanel : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit TopicPanel(TopicTableModel *topics, QWidget *parent = nullptr);
+    /// Its fields offer what @p topics have in theirs.
+    TopicPanel(ArchiveEditor *editor, TopicTableModel *topics, QWidget *parent = nullptr);
 
-    /// Shows another row of the topics, or with an invalid index none.
-    void setTopic(const QModelIndex &index);
+    /// Shows another topic, or none.
+    void setTopic(BCFLib::Topic *topic);
     /// Takes over what is being edited, as leaving the field would.
     void submit();
     /// Brings the user to the title.
     void editTitle();
 
 private:
-    void refresh();
-    void offerStatuses();
-    void setStatus();
+    /// One line of text that stands for a property of the topic.
+    struct Field
+    {
+        const char *property;
+        QLineEdit *line;
+        /// Null for a field that offers none.
+        QComboBox *choices;
+        /// The column of the table that holds the choices.
+        int choiceColumn;
+    };
 
+    void addField(QFormLayout *form, const QString &label, const char *property, const char *name,
+                  int choiceColumn = -1);
+    void offerChoices();
+    void refresh();
+    void showDescription();
+
+    ArchiveEditor *_editor;
     TopicTableModel *_topics;
-    QPersistentModelIndex _index;
-    QLineEdit *_title;
-    QComboBox *_status;
-    QLabel *_type;
-    QLabel *_assignedTo;
+    FieldKeys *_keys;
+    BCFLib::Topic *_topic = nullptr;
+    QVector<Field> _fields;
     QLabel *_created;
     QLabel *_modified;
-    QLabel *_labels;
     QPlainTextEdit *_description;
 };
 

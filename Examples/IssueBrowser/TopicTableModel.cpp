@@ -43,7 +43,7 @@ const ColumnRule columns[] = {
 void TopicTableModel::setArchive(const QSharedPointer<BCFLib::BCFModel> &archive)
 {
     beginResetModel();
-    _topics = archive->topics().toVector();
+    _topics = archive ? archive->topics().toVector() : QVector<Topic *>();
     _archive = archive;
     endResetModel();
 }
@@ -69,20 +69,22 @@ QStringList TopicTableModel::values(Column column) const
     return sorted;
 }
 
-QStringList TopicTableModel::statuses() const
+void TopicTableModel::update(Topic *topic)
 {
-    QStringList statuses = values(Status);
-    statuses.removeAll(QString());
-    return statuses;
-}
-
-void TopicTableModel::touch(const QModelIndex &index)
-{
-    Topic *const changed = topic(index);
-    changed->setModifiedDate(QDateTime::currentDateTime());
-    changed->setModifiedAuthor(_editor);
-    emit dataChanged(index.siblingAtColumn(0), index.siblingAtColumn(columnCount() - 1));
-    emit edited();
+    const int row = _topics.indexOf(topic);
+    const bool isThere = topic->parent() == _archive.data();
+    if (row >= 0 && isThere) {
+        emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    } else if (row >= 0) {
+        beginRemoveRows(QModelIndex(), row, row);
+        _topics.remove(row);
+        endRemoveRows();
+    } else if (isThere) {
+        const int place = _archive->topics().indexOf(topic);
+        beginInsertRows(QModelIndex(), place, place);
+        _topics.insert(place, topic);
+        endInsertRows();
+    }
 }
 
 int TopicTableModel::rowCount(const QModelIndex &parent) const
@@ -125,22 +127,4 @@ QVariant TopicTableModel::headerData(int section, Qt::Orientation orientation, i
         return {};
     }
     return tr(columns[section].header);
-}
-
-bool TopicTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
-{
-    Topic *const edited = topic(index);
-    const QString text = value.toString();
-    if (edited == nullptr || role != Qt::EditRole || index.data(Qt::EditRole).toString() == text) {
-        return false;
-    }
-    if (index.column() == Title && !text.trimmed().isEmpty()) {
-        edited->setTitle(text);
-    } else if (index.column() == Status) {
-        edited->setTopicStatus(text);
-    } else {
-        return false;
-    }
-    touch(index);
-    return true;
 }
