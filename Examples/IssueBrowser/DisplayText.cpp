@@ -90,7 +90,7 @@ QString DisplayText::date(const QDateTime &date)
     if (!format.contains(QLatin1String("yyyy"))) {
         format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     }
-    return locale.toString(date, format);
+    return locale.toString(date, format.remove(QLatin1String(":ss")));
 }
 
 QString DisplayText::viewName(int number)

@@ -6,6 +6,7 @@
 #include "CommentPanel.h"
 #include "DisplayText.h"
 #include "TopicArea.h"
+#include "TopicPages.h"
 #include "TopicPanel.h"
 #include "TopicTableModel.h"
 #include "ViewpointPanel.h"
@@ -62,15 +63,16 @@ MainWindow::MainWindow(QWidget *parent)
     , _loader(new ArchiveLoader(this))
     , _editor(new ArchiveEditor(this))
     , _topics(new TopicTableModel(this))
-    , _topicArea(new TopicArea(_topics))
     , _topicPanel(new TopicPanel(_editor, _topics))
+    , _topicPages(new TopicPages(_topicPanel))
+    , _topicArea(new TopicArea(_topics))
     , _comments(new CommentPanel(_editor))
     , _viewpoints(new ViewpointPanel)
     , _summary(new QLabel(tr("Open an archive or drop one here")))
     , _progress(new QProgressBar)
 {
     auto *const details = new QSplitter;
-    details->addWidget(_topicPanel);
+    details->addWidget(_topicPages);
     details->addWidget(_comments);
     details->addWidget(_viewpoints);
     details->setSizes({385, 455, 340});
@@ -153,6 +155,7 @@ void MainWindow::connectParts()
     connect(_loader, &ArchiveLoader::loaded, this, &MainWindow::showOutcome);
     connect(_topicArea->table(), &QTableView::doubleClicked, _topicPanel, &TopicPanel::editTitle);
     connect(_topicArea, &TopicArea::picked, this, &MainWindow::showTopic);
+    connect(_topicPages, &TopicPages::topicRequested, _topicArea, &TopicArea::pick);
     connect(_editor->history(), &QUndoStack::cleanChanged, this,
             [this](bool isClean) { setWindowModified(!isClean); });
     connect(_editor, &ArchiveEditor::edited, this, &MainWindow::followEdit);
@@ -262,7 +265,6 @@ void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QStr
     _archive = archive;
     setPath(path);
     _summary->setText(summary(*archive, _topics->rowCount()));
-    _topicArea->table()->resizeColumnsToContents();
 }
 
 void MainWindow::setPath(const QString &path)
@@ -277,6 +279,7 @@ void MainWindow::setPath(const QString &path)
 void MainWindow::showTopic(BCFLib::Topic *topic)
 {
     _topicPanel->setTopic(topic);
+    _topicPages->setTopic(topic);
     _comments->setTopic(topic);
     _viewpoints->setTopic(topic);
     updateActions();

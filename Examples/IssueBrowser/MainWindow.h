@@ -16,6 +16,7 @@ class CommentPanel;
 class QLabel;
 class QProgressBar;
 class TopicArea;
+class TopicPages;
 class TopicPanel;
 class TopicTableModel;
 class ViewpointPanel;
@@ -70,8 +71,9 @@ private:
     ArchiveLoader *_loader;
     ArchiveEditor *_editor;
     TopicTableModel *_topics;
-    TopicArea *_topicArea;
     TopicPanel *_topicPanel;
+    TopicPages *_topicPages;
+    TopicArea *_topicArea;
     CommentPanel *_comments;
     ViewpointPanel *_viewpoints;
     QLabel *_summary;

@@ -18,6 +18,8 @@ using BCFLib::Topic;
 
 namespace {
 
+constexpr int widestColumn = 200;
+
 /// Fills a field with the entry for any value and one for each of @p values, and keeps what is chosen.
 void fill(QComboBox *field, const QString &any, const QString &none, const QStringList &values)
 {
@@ -151,6 +153,18 @@ void TopicArea::showArchive()
     offerValues();
     keepPicked();
     showCount();
+    fitColumns();
+}
+
+void TopicArea::fitColumns()
+{
+    for (int column = 0; column < _shown->columnCount(); ++column) {
+        // The title takes what the others leave.
+        if (column != TopicTableModel::Title) {
+            _table->resizeColumnToContents(column);
+            _table->setColumnWidth(column, qMin(_table->columnWidth(column) + 8, widestColumn));
+        }
+    }
 }
 
 void TopicArea::offerValues()

@@ -42,6 +42,7 @@ private:
     void makeTable();
     void layOut();
     void showArchive();
+    void fitColumns();
     void offerValues();
     void clearFilter();
     void applyFilter();

@@ -123,8 +123,11 @@ QVariant TopicTableModel::data(const QModelIndex &index, int role) const
 
 QVariant TopicTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
-        return {};
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
+        return tr(columns[section].header);
     }
-    return tr(columns[section].header);
+    if (role == Qt::TextAlignmentRole && (section == Index || section == Comments)) {
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    return {};
 }

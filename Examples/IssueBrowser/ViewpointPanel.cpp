@@ -77,7 +77,8 @@ QWidget *ViewpointPanel::makeElementPage()
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setStretchLastSection(true);
     // An IfcGuid has 22 characters.
-    table->setColumnWidth(ElementTableModel::Guid, table->fontMetrics().averageCharWidth() * 27);
+    table->setColumnWidth(ElementTableModel::Guid,
+                          table->fontMetrics().horizontalAdvance(QString(25, QLatin1Char('0'))));
     addCopyAction(table, tr("&Copy GUIDs"));
 
     _elementCounts = new QLabel;

@@ -1,0 +1,38 @@
+#ifndef ISSUEBROWSER_TOPICPAGES_H
+#define ISSUEBROWSER_TOPICPAGES_H
+
+#include <QWidget>
+
+namespace BCFLib {
+class Topic;
+}
+
+class AttachmentListModel;
+class QListView;
+class QTabWidget;
+
+/// The pages of one topic: its fields, and what it points to.
+class TopicPages : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TopicPages(QWidget *fields, QWidget *parent = nullptr);
+
+    /// Shows what another topic points to; null for none.
+    void setTopic(const BCFLib::Topic *topic);
+
+signals:
+    /// The user wants to go to a related topic.
+    void topicRequested(BCFLib::Topic *topic);
+
+private:
+    bool goToRelated(const QModelIndex &index);
+    void open(const QModelIndex &index);
+
+    QTabWidget *_pages;
+    AttachmentListModel *_attachments;
+    QListView *_list;
+};
+
+#endif
