@@ -4,6 +4,7 @@
 #include "CommentDelegate.h"
 #include "CommentTreeModel.h"
 #include "FieldKeys.h"
+#include "Settings.h"
 #include "ViewpointChooser.h"
 
 #include <QAction>
@@ -32,7 +33,7 @@ CommentPanel::CommentPanel(ArchiveEditor *editor, QWidget *parent)
     , _tree(new QTreeView)
     , _text(new QPlainTextEdit)
     , _view(new ViewpointChooser)
-    , _author(new QLineEdit(qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"))))
+    , _author(new QLineEdit(Settings::author()))
     , _add(new QPushButton(tr("&Add Comment")))
     , _reply(new QPushButton(tr("&Reply")))
     , _edit(addAction(tr("Edit &Comment"), Qt::Key_F2))

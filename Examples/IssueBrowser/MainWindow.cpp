@@ -5,6 +5,9 @@
 #include "ArchiveSaver.h"
 #include "CommentPanel.h"
 #include "DisplayText.h"
+#include "FocusMarker.h"
+#include "RecentFilesMenu.h"
+#include "Settings.h"
 #include "TopicArea.h"
 #include "TopicPages.h"
 #include "TopicPanel.h"
@@ -22,6 +25,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -72,11 +76,13 @@ MainWindow::MainWindow(QWidget *parent)
     , _progress(new QProgressBar)
 {
     auto *const details = new QSplitter;
+    details->setObjectName(QStringLiteral("panes"));
     details->addWidget(_topicPages);
     details->addWidget(_comments);
     details->addWidget(_viewpoints);
     details->setSizes({385, 455, 340});
     auto *const all = new QSplitter(Qt::Vertical);
+    all->setObjectName(QStringLiteral("tableAndPanes"));
     all->addWidget(_topicArea);
     all->addWidget(details);
     all->setStretchFactor(0, 2);
@@ -98,8 +104,11 @@ MainWindow::MainWindow(QWidget *parent)
     }
     setLoading(false);
     setWindowTitle(tr("Issue Browser"));
-    // Room for the columns in the user's font.
-    resize(QSize(79, 48) * fontMetrics().lineSpacing());
+    new FocusMarker(this);
+    // Room for the columns in the user's font, and for the frame on a small screen.
+    resize(
+        (QSize(79, 48) * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() - QSize(24, 48)));
+    Settings::restore(this);
 }
 
 MainWindow::~MainWindow()
@@ -112,6 +121,9 @@ void MainWindow::makeActions()
 {
     QMenu *const file = menuBar()->addMenu(tr("&File"));
     _open = file->addAction(tr("&Open…"), this, &MainWindow::chooseAndOpen, QKeySequence::Open);
+    auto *const recent = new RecentFilesMenu(file);
+    connect(recent, &RecentFilesMenu::picked, this, &MainWindow::open);
+    file->addMenu(recent);
     // Saving over the archive is left to the user's decision: a save holds what the library knows,
     // which may be less than what a stranger's tool had put in.
     _saveAs =
@@ -270,6 +282,7 @@ void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QStr
 void MainWindow::setPath(const QString &path)
 {
     _path = path;
+    Settings::addRecentFile(path);
     setWindowFilePath(path);
     // A star takes the place of the brackets where something is unsaved.
     setWindowTitle(QFileInfo(path).fileName() + QStringLiteral("[*]"));
@@ -314,6 +327,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     // While an archive loads, what there was to save has been asked for already.
     event->setAccepted(_loader->isLoading() || mayLetGo());
+    if (event->isAccepted()) {
+        Settings::store(this);
+        Settings::setAuthor(_comments->author());
+    }
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

@@ -1,6 +1,7 @@
 #include "TopicArea.h"
 
 #include "DisplayText.h"
+#include "Settings.h"
 #include "TopicFilterModel.h"
 #include "TopicTableModel.h"
 
@@ -158,6 +159,9 @@ void TopicArea::showArchive()
 
 void TopicArea::fitColumns()
 {
+    if (Settings::remembers(_table->horizontalHeader())) {
+        return;
+    }
     for (int column = 0; column < _shown->columnCount(); ++column) {
         // The title takes what the others leave.
         if (column != TopicTableModel::Title) {
