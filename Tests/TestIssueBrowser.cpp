@@ -132,7 +132,7 @@ void TestIssueBrowser::unusableArchive()
     QFile file(archive.path("<i>.bcf"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     Browser browser(file.fileName());
-    QCOMPARE(browser.message(), QString("Error: Invalid bcf version for \"<i>.bcf\" file"));
+    QCOMPARE(browser.message(), QString("Error: \"%1\" is empty.").arg(file.fileName()));
     QVERIFY(!browser.centralWidget()->isEnabled());
 }
 

@@ -1,17 +1,61 @@
 #include "ArchiveLoader.h"
 
+#include <Core/Utils/BCFLib/BCFLoadingWorker.h>
+#include <Core/Utils/BCFLib/File.h>
+#include <Core/Utils/BCFLib/Topic.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QLockFile>
+#include <QStandardPaths>
+
 using BCFLib::BCFLoadingWorker;
 
-ArchiveLoader::ArchiveLoader(QObject *parent)
-    : QObject(parent)
+namespace {
+
+QDir cacheFolder()
 {
-    connect(&_thread, &QThread::finished, this, &ArchiveLoader::finish);
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
 }
+
+/// Moves the attachments from the cache folder to one of the archive's own.
+///
+/// All loads, also those of other windows, share the cache folder, and the same name there is the same
+/// file.
+void takeAttachments(LoadedArchive &archive)
+{
+    QHash<QString, QString> taken;
+    for (const BCFLib::Topic *topic : archive.model->topics()) {
+        for (BCFLib::File *file : topic->files()) {
+            const QString unpacked = file->filename();
+            // After a load that was broken off, some are not there.
+            if (file->isExternal() || (!taken.contains(unpacked) && !QFileInfo(unpacked).isFile())) {
+                continue;
+            }
+            if (!archive.attachments) {
+                archive.attachments =
+                    std::make_shared<QTemporaryDir>(cacheFolder().filePath(QStringLiteral("window-XXXXXX")));
+            }
+            const QString own = archive.attachments->filePath(QFileInfo(unpacked).fileName());
+            if (!taken.contains(unpacked) && !QFile::rename(unpacked, own)) {
+                archive.model->setErrorString(
+                    ArchiveLoader::tr("The file \"%1\" can't be moved to \"%2\"").arg(unpacked, own));
+                return;
+            }
+            taken.insert(unpacked, own);
+            file->setFilename(own);
+        }
+    }
+}
+
+} // namespace
 
 ArchiveLoader::~ArchiveLoader()
 {
-    // The thread ends by itself with its load; by then the worker is back and can go with us.
-    _thread.wait();
+    if (_thread) {
+        _thread->wait();
+    }
 }
 
 void ArchiveLoader::load(const QString &path)
@@ -20,37 +64,38 @@ void ArchiveLoader::load(const QString &path)
     _total = 0;
     _done = 0;
     _percent = 0;
-
-    _worker = std::make_unique<BCFLoadingWorker>(path);
-    BCFLoadingWorker *const worker = _worker.get();
-    QThread *const home = thread();
-    worker->moveToThread(&_thread);
-
-    // These come queued, as the receiver lives here and the signals are emitted over there.
-    connect(worker, &BCFLoadingWorker::addMaxSig, this, [this](qint64 steps) {
-        _total += steps;
-        tellProgress();
-    });
-    connect(worker, &BCFLoadingWorker::addStepsSig, this, [this](qint64 steps) {
-        _done += steps;
-        tellProgress();
-    });
-
-    // A direct connection runs in the loading thread, and only the thread that an object belongs to
-    // can give it away. The worker goes home too, so that it and its share of the model die there.
-    const auto handOver = [this, worker, home] {
-        worker->model()->moveToThread(home);
-        worker->moveToThread(home);
-        _thread.quit();
-    };
-    connect(worker, &BCFLoadingWorker::loadingFinished, worker, handOver, Qt::DirectConnection);
-
-    connect(&_thread, &QThread::started, worker, &BCFLoadingWorker::doLoad);
-    _thread.start();
+    _archive.path = path;
+    _thread.reset(QThread::create([this] { run(); }));
+    connect(_thread.get(), &QThread::finished, this, &ArchiveLoader::finish);
+    _thread->start();
 }
 
-void ArchiveLoader::tellProgress()
+void ArchiveLoader::run()
 {
+    _archive.file = ArchiveCheck::checkFile(_archive.path);
+    if (!_archive.file.canBeLoaded()) {
+        return;
+    }
+    // Until the attachments are out of the cache folder, no other window may unpack its own there.
+    cacheFolder().mkpath(QStringLiteral("."));
+    QLockFile lock(cacheFolder().filePath(QStringLiteral("load.lock")));
+    lock.setStaleLockTime(0);
+    lock.lock();
+
+    BCFLoadingWorker worker(_archive.path);
+    // These come queued, as the receiver lives over there.
+    connect(&worker, &BCFLoadingWorker::addMaxSig, this, [this](qint64 steps) { count(_total, steps); });
+    connect(&worker, &BCFLoadingWorker::addStepsSig, this, [this](qint64 steps) { count(_done, steps); });
+    worker.doLoad();
+    _archive.model = worker.model();
+    takeAttachments(_archive);
+    // Only the thread that an object belongs to can give it away.
+    _archive.model->moveToThread(thread());
+}
+
+void ArchiveLoader::count(qint64 &steps, qint64 more)
+{
+    steps += more;
     const int percent = static_cast<int>(_done * 100 / qMax<qint64>(_total, 1));
     if (percent != _percent) {
         _percent = percent;
@@ -60,10 +105,7 @@ void ArchiveLoader::tellProgress()
 
 void ArchiveLoader::finish()
 {
-    // The signal comes shortly before the thread's end, up to which it may still use the worker.
-    _thread.wait();
-    const QSharedPointer<BCFLib::BCFModel> model = _worker->model();
-    const QString path = _worker->filename();
-    _worker.reset();
-    emit loaded(model, path);
+    _thread->wait();
+    _thread.release()->deleteLater();
+    emit loaded(std::exchange(_archive, {}));
 }

@@ -1,11 +1,25 @@
 #ifndef ISSUEBROWSER_ARCHIVELOADER_H
 #define ISSUEBROWSER_ARCHIVELOADER_H
 
-#include <Core/Utils/BCFLib/BCFLoadingWorker.h>
+#include <ArchiveCheck.h>
+#include <Core/Utils/BCFLib/BCFModel.h>
 
+#include <QSharedPointer>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <memory>
+
+/// What came of a load.
+struct LoadedArchive
+{
+    QString path;
+    ArchiveCheck::File file{};
+    /// Null if the file can't be loaded at all.
+    QSharedPointer<BCFLib::BCFModel> model;
+    /// The folder that holds the attachments; null without any.
+    std::shared_ptr<QTemporaryDir> attachments;
+};
 
 /// Loads one archive at a time in a thread of its own, while the window stays alive.
 ///
@@ -15,24 +29,26 @@ class ArchiveLoader : public QObject
     Q_OBJECT
 
 public:
-    explicit ArchiveLoader(QObject *parent = nullptr);
+    using QObject::QObject;
     ~ArchiveLoader() override;
 
-    bool isLoading() const { return _worker != nullptr; }
+    bool isLoading() const { return _thread != nullptr; }
     /// Starts a load; there must be none under way.
     void load(const QString &path);
 
 signals:
     void progressed(int percent);
-    /// The load has ended, well or badly. The model is never null and lives in the loader's thread.
-    void loaded(const QSharedPointer<BCFLib::BCFModel> &model, const QString &path);
+    /// The load has ended, well or badly. The model lives in the loader's thread.
+    void loaded(const LoadedArchive &archive);
 
 private:
-    void tellProgress();
+    void run();
+    void count(qint64 &steps, qint64 more);
     void finish();
 
-    QThread _thread;
-    std::unique_ptr<BCFLib::BCFLoadingWorker> _worker;
+    /// While the thread runs, it alone uses this.
+    LoadedArchive _archive;
+    std::unique_ptr<QThread> _thread;
     qint64 _total = 0;
     qint64 _done = 0;
     int _percent = 0;

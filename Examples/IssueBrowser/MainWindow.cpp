@@ -6,6 +6,7 @@
 #include "CommentPanel.h"
 #include "DisplayText.h"
 #include "FocusMarker.h"
+#include "NoticeBar.h"
 #include "RecentFilesMenu.h"
 #include "Settings.h"
 #include "TopicArea.h"
@@ -20,10 +21,13 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLocale>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QProgressBar>
 #include <QScreen>
 #include <QSplitter>
@@ -53,6 +57,28 @@ QString fileFilter()
     return MainWindow::tr("BCF archives (*.bcf *.bcfzip);;All files (*)");
 }
 
+/// What there is to say about an archive before anybody edits it.
+QString notice(const LoadedArchive &loaded)
+{
+    constexpr int most = 3;
+    QStringList lines = ArchiveCheck::warnings(loaded.file, *loaded.model);
+    if (!loaded.model->errorString().isEmpty()) {
+        lines << MainWindow::tr(
+            "Something is missing in this archive, so it can be neither changed nor saved:");
+    } else if (!lines.isEmpty()) {
+        lines << MainWindow::tr("What is shown can be saved under another name.");
+    }
+    const QStringList problems = ArchiveCheck::problems(*loaded.model);
+    lines << problems.mid(0, most);
+    if (problems.size() > most) {
+        lines << MainWindow::tr("… and %1 more").arg(QLocale().toString(problems.size() - most));
+    }
+    if (lines.isEmpty() && loaded.model->topics().isEmpty()) {
+        lines << MainWindow::tr("There are no topics in this archive.");
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
 /// The one local file of a drag; empty if it holds anything else.
 QString draggedFile(const QMimeData *data)
 {
@@ -72,6 +98,7 @@ MainWindow::MainWindow(QWidget *parent)
     , _topicArea(new TopicArea(_topics))
     , _comments(new CommentPanel(_editor))
     , _viewpoints(new ViewpointPanel)
+    , _notice(new NoticeBar)
     , _summary(new QLabel(tr("Open an archive or drop one here")))
     , _progress(new QProgressBar)
 {
@@ -90,7 +117,13 @@ MainWindow::MainWindow(QWidget *parent)
     all->setSizes({300, 400});
     all->setChildrenCollapsible(false);
     details->setChildrenCollapsible(false);
-    setCentralWidget(all);
+    auto *const central = new QWidget;
+    auto *const layout = new QVBoxLayout(central);
+    layout->setContentsMargins(QMargins());
+    layout->setSpacing(0);
+    layout->addWidget(_notice);
+    layout->addWidget(all, 1);
+    setCentralWidget(central);
 
     _summary->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(_summary, 1);
@@ -102,7 +135,7 @@ MainWindow::MainWindow(QWidget *parent)
     for (QWidget *widget : findChildren<QWidget *>()) {
         widget->setAcceptDrops(false);
     }
-    setLoading(false);
+    setBusy(false);
     setWindowTitle(tr("Issue Browser"));
     new FocusMarker(this);
     // Room for the columns in the user's font, and for the frame on a small screen.
@@ -124,23 +157,24 @@ void MainWindow::makeActions()
     auto *const recent = new RecentFilesMenu(file);
     connect(recent, &RecentFilesMenu::picked, this, &MainWindow::open);
     file->addMenu(recent);
-    // Saving over the archive is left to the user's decision: a save holds what the library knows,
-    // which may be less than what a stranger's tool had put in.
+    _save = file->addAction(tr("&Save"), this, &MainWindow::saveInPlace, QKeySequence::Save);
     _saveAs =
         file->addAction(tr("Save &As…"), this, &MainWindow::chooseAndSave, Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    _save->setObjectName(QStringLiteral("save"));
+    _saveAs->setObjectName(QStringLiteral("saveAs"));
     file->addSeparator();
     file->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
 
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
     // An edit that is under way is the first one to undo.
     connect(edit, &QMenu::aboutToShow, this, &MainWindow::submit);
-    QAction *const undo = _editor->history()->createUndoAction(this, tr("&Undo"));
-    QAction *const redo = _editor->history()->createRedoAction(this, tr("&Redo"));
-    undo->setObjectName(QStringLiteral("undo"));
-    redo->setObjectName(QStringLiteral("redo"));
-    undo->setShortcut(QKeySequence::Undo);
-    redo->setShortcut(QKeySequence::Redo);
-    edit->addActions({undo, redo});
+    _undo = _editor->history()->createUndoAction(this, tr("&Undo"));
+    _redo = _editor->history()->createRedoAction(this, tr("&Redo"));
+    _undo->setObjectName(QStringLiteral("undo"));
+    _redo->setObjectName(QStringLiteral("redo"));
+    _undo->setShortcut(QKeySequence::Undo);
+    _redo->setShortcut(QKeySequence::Redo);
+    edit->addActions({_undo, _redo});
     edit->addSeparator();
     edit->addAction(tr("&Find Topics"), _topicArea, &TopicArea::find, QKeySequence::Find);
     edit->addSeparator();
@@ -183,24 +217,65 @@ void MainWindow::submit()
 
 void MainWindow::open(const QString &path)
 {
-    if (!_loader->isLoading() && mayLetGo()) {
-        setLoading(true);
+    if (!_isBusy && mayLetGo()) {
         _loader->load(path);
+        setBusy(true);
     }
 }
 
 bool MainWindow::save(const QString &path)
 {
     submit();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const bool isSaved = saveArchive(*_archive, path);
-    QApplication::restoreOverrideCursor();
-    if (!isSaved) {
-        tell(QMessageBox::Critical, tr("Error"), tr("The archive can't be saved as \"%1\"").arg(path));
+    const QString problem = saveMeanwhile(path);
+    if (!problem.isEmpty()) {
+        _isClosing = false;
+        tell(QMessageBox::Critical, tr("Error"),
+             tr("The archive can't be saved as \"%1\".").arg(path) + QLatin1Char('\n') + problem);
         return false;
     }
+    if (!_isReadWhole) {
+        _isReadWhole = true;
+        _notice->setText(QString());
+    }
     setPath(path);
+    if (_isClosing) {
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+    }
     return true;
+}
+
+QString MainWindow::saveMeanwhile(const QString &path)
+{
+    const BCFLib::Topic *const topic = _topicArea->topic();
+    const BCFLib::Comment *const comment = _comments->current();
+    const QPointer<QWidget> focus = focusWidget();
+    setBusy(true);
+    // Neither does anybody see that the parts are empty meanwhile.
+    centralWidget()->setUpdatesEnabled(false);
+    _topics->setAway(true);
+
+    ArchiveSaver saver(*_archive, path);
+    QEventLoop untilSaved;
+    connect(&saver, &ArchiveSaver::saved, &untilSaved, &QEventLoop::quit);
+    connect(&saver, &ArchiveSaver::progressed, this, [this](qint64 bytes) {
+        _progress->show();
+        statusBar()->showMessage(tr("Saving: %1 written").arg(QLocale().formattedDataSize(bytes)));
+    });
+    untilSaved.exec();
+    const QString problem = saver.finish();
+
+    statusBar()->clearMessage();
+    _topics->setAway(false);
+    if (topic) {
+        _topicArea->pick(topic);
+        _comments->setCurrent(comment);
+    }
+    centralWidget()->setUpdatesEnabled(true);
+    setBusy(false);
+    if (focus) {
+        focus->setFocus();
+    }
+    return problem;
 }
 
 void MainWindow::chooseAndOpen()
@@ -213,70 +288,90 @@ void MainWindow::chooseAndOpen()
 
 bool MainWindow::chooseAndSave()
 {
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save Archive As"), _path, fileFilter());
-    return !path.isEmpty() && save(path);
+    QFileDialog dialog(this, tr("Save Archive As"), _path, fileFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("bcf"));
+    return dialog.exec() == QDialog::Accepted && save(dialog.selectedFiles().value(0));
+}
+
+bool MainWindow::saveInPlace()
+{
+    return _isReadWhole ? save(_path) : chooseAndSave();
 }
 
 bool MainWindow::mayLetGo()
 {
     submit();
-    if (!_archive || (!isWindowModified() && !_comments->hasDraft())) {
+    const bool hasDraft = _comments->hasDraft();
+    if (!_archive || (!isWindowModified() && !hasDraft)) {
         return true;
     }
     const QMessageBox::StandardButton answer = QMessageBox::warning(
         this, tr("Unsaved Changes"),
-        tr("There are changes that are not saved, or a comment that is not added yet."),
+        hasDraft ? tr("What you have written is not added yet. Add it as a comment and save?")
+                 : tr("There are changes that are not saved. Save them?"),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     return answer == QMessageBox::Discard
-        || (answer == QMessageBox::Save && _comments->addDrafts() && chooseAndSave());
+        || (answer == QMessageBox::Save && _comments->addDrafts() && saveInPlace());
 }
 
-void MainWindow::setLoading(bool isLoading)
+void MainWindow::setBusy(bool isBusy)
 {
+    _isBusy = isBusy;
+    // How long a save takes is not known before, and most are over at once.
+    _progress->setRange(0, _loader->isLoading() ? 100 : 0);
     _progress->setValue(0);
-    _progress->setVisible(isLoading);
+    _progress->setVisible(_loader->isLoading());
     // An edit to the archive that is about to go would be lost.
-    centralWidget()->setEnabled(!isLoading && _archive);
-    _open->setEnabled(!isLoading);
-    _saveAs->setEnabled(!isLoading && _archive && _archive->errorString().isEmpty());
-    setAcceptDrops(!isLoading);
+    centralWidget()->setEnabled(!isBusy && _archive);
+    _open->setEnabled(!isBusy);
+    setAcceptDrops(!isBusy);
     updateActions();
 }
 
 void MainWindow::updateActions()
 {
-    const bool canEdit = _editor->canEdit() && centralWidget()->isEnabled();
+    const bool canEdit = !_isBusy && _editor->canEdit();
+    _save->setEnabled(canEdit);
+    _saveAs->setEnabled(canEdit);
+    _undo->setEnabled(canEdit && _editor->history()->canUndo());
+    _redo->setEnabled(canEdit && _editor->history()->canRedo());
     _newTopic->setEnabled(canEdit && !_comments->author().trimmed().isEmpty());
     _deleteTopic->setEnabled(canEdit && _topicArea->topic());
     _editTitle->setEnabled(_deleteTopic->isEnabled());
 }
 
-void MainWindow::showOutcome(const QSharedPointer<BCFModel> &archive, const QString &path)
+void MainWindow::showOutcome(const LoadedArchive &loaded)
 {
-    QString message;
-    QString title;
-    const bool isUsable = archive->isValid(QFileInfo(path).fileName(), message, title);
-    // Also from a damaged archive everything is shown that could be read; one that gave nothing does
-    // not take the place of the present one.
-    if (isUsable || !archive->topics().isEmpty()) {
-        showArchive(archive, path);
+    QString problem = loaded.file.text;
+    if (loaded.model) {
+        // Also from a damaged archive everything is shown that could be read; one that gave nothing does
+        // not take the place of the present one.
+        const QStringList problems = ArchiveCheck::problems(*loaded.model);
+        problem = loaded.model->topics().isEmpty() ? problems.join(QLatin1Char('\n')) : QString();
     }
-    setLoading(false);
+    if (problem.isEmpty()) {
+        showArchive(loaded);
+    }
+    setBusy(false);
     _topicArea->table()->setFocus();
-    if (!isUsable || !message.isEmpty()) {
-        tell(isUsable ? QMessageBox::Warning : QMessageBox::Critical, title, message);
+    if (!problem.isEmpty()) {
+        tell(QMessageBox::Critical, tr("Error"), problem);
     }
     emit opened();
 }
 
-void MainWindow::showArchive(const QSharedPointer<BCFModel> &archive, const QString &path)
+void MainWindow::showArchive(const LoadedArchive &loaded)
 {
     // The present archive stays alive until all parts have gone on to the new one.
-    _editor->setArchive(archive);
-    _topics->setArchive(archive);
-    _archive = archive;
-    setPath(path);
-    _summary->setText(summary(*archive, _topics->rowCount()));
+    _editor->setArchive(loaded.model);
+    _topics->setArchive(loaded.model);
+    _archive = loaded.model;
+    _attachments = loaded.attachments;
+    _isReadWhole = ArchiveCheck::warnings(loaded.file, *loaded.model).isEmpty();
+    setPath(loaded.path);
+    _notice->setText(notice(loaded));
+    _summary->setText(summary(*_archive, _topics->rowCount()));
 }
 
 void MainWindow::setPath(const QString &path)
@@ -325,8 +420,9 @@ void MainWindow::tell(QMessageBox::Icon icon, const QString &title, const QStrin
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    // While an archive loads, what there was to save has been asked for already.
-    event->setAccepted(_loader->isLoading() || mayLetGo());
+    // A save that is under way comes first; before a load, what there was to save has been asked for.
+    _isClosing = _isBusy && !_loader->isLoading();
+    event->setAccepted(!_isClosing && (_isBusy || mayLetGo()));
     if (event->isAccepted()) {
         Settings::store(this);
         Settings::setAuthor(_comments->author());

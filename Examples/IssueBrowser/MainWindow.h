@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QSharedPointer>
 
+#include <memory>
+
 namespace BCFLib {
 class BCFModel;
 class Topic;
@@ -13,13 +15,16 @@ class Topic;
 class ArchiveEditor;
 class ArchiveLoader;
 class CommentPanel;
+class NoticeBar;
 class QLabel;
 class QProgressBar;
+class QTemporaryDir;
 class TopicArea;
 class TopicPages;
 class TopicPanel;
 class TopicTableModel;
 class ViewpointPanel;
+struct LoadedArchive;
 
 /// Shows one archive: its topics in a table, and below them what the chosen topic holds.
 class MainWindow : public QMainWindow
@@ -33,7 +38,8 @@ public:
     /// Loads an archive in the background and shows it in place of the present one, after asking
     /// what to do with unsaved changes. Does nothing while another one is loading.
     void open(const QString &path);
-    /// Saves to @p path; a failure is told to the user and leaves the file there as it was.
+    /// Saves to @p path in the background, and returns when that is done; what stopped a save that failed
+    /// is told to the user, and the file there is as it was.
     bool save(const QString &path);
 
 signals:
@@ -51,11 +57,16 @@ private:
 
     void chooseAndOpen();
     bool chooseAndSave();
+    /// Saves where the archive comes from, unless that would cut the file there down.
+    bool saveInPlace();
+    /// The save itself, for which the archive leaves the window.
+    QString saveMeanwhile(const QString &path);
     /// Whether nothing is unsaved, or the user has saved it or doesn't want it.
     bool mayLetGo();
-    void setLoading(bool isLoading);
-    void showOutcome(const QSharedPointer<BCFLib::BCFModel> &archive, const QString &path);
-    void showArchive(const QSharedPointer<BCFLib::BCFModel> &archive, const QString &path);
+    /// While the archive is loaded or saved, nothing can be done to it.
+    void setBusy(bool isBusy);
+    void showOutcome(const LoadedArchive &loaded);
+    void showArchive(const LoadedArchive &loaded);
     /// The archive as shown is the one that stands there.
     void setPath(const QString &path);
     void showTopic(BCFLib::Topic *topic);
@@ -68,6 +79,11 @@ private:
 
     QSharedPointer<BCFLib::BCFModel> _archive;
     QString _path;
+    std::shared_ptr<QTemporaryDir> _attachments;
+    /// Whether the file holds no more than what was read of it.
+    bool _isReadWhole = true;
+    bool _isBusy = false;
+    bool _isClosing = false;
     ArchiveLoader *_loader;
     ArchiveEditor *_editor;
     TopicTableModel *_topics;
@@ -76,10 +92,14 @@ private:
     TopicArea *_topicArea;
     CommentPanel *_comments;
     ViewpointPanel *_viewpoints;
+    NoticeBar *_notice;
     QLabel *_summary;
     QProgressBar *_progress;
     QAction *_open = nullptr;
+    QAction *_save = nullptr;
     QAction *_saveAs = nullptr;
+    QAction *_undo = nullptr;
+    QAction *_redo = nullptr;
     QAction *_newTopic = nullptr;
     QAction *_editTitle = nullptr;
     QAction *_deleteTopic = nullptr;

@@ -43,9 +43,23 @@ const ColumnRule columns[] = {
 void TopicTableModel::setArchive(const QSharedPointer<BCFLib::BCFModel> &archive)
 {
     beginResetModel();
-    _topics = archive ? archive->topics().toVector() : QVector<Topic *>();
+    _topics = archive->topics().toVector();
     _archive = archive;
     endResetModel();
+}
+
+void TopicTableModel::setAway(bool isAway)
+{
+    const QVector<Topic *> topics = isAway ? QVector<Topic *>() : _archive->topics().toVector();
+    if (isAway && !_topics.isEmpty()) {
+        beginRemoveRows(QModelIndex(), 0, rowCount() - 1);
+        _topics.clear();
+        endRemoveRows();
+    } else if (!topics.isEmpty()) {
+        beginInsertRows(QModelIndex(), 0, static_cast<int>(topics.size()) - 1);
+        _topics = topics;
+        endInsertRows();
+    }
 }
 
 Topic *TopicTableModel::topic(const QModelIndex &index) const

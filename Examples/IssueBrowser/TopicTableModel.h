@@ -25,8 +25,10 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Shows another archive and keeps a share of it; null for none.
+    /// Shows another archive and keeps a share of it.
     void setArchive(const QSharedPointer<BCFLib::BCFModel> &archive);
+    /// Shows no topics for as long as the archive is in another thread.
+    void setAway(bool isAway);
     /// The topic of a row; null for an invalid index.
     BCFLib::Topic *topic(const QModelIndex &index) const;
     /// Where a topic stands; invalid if it is none of the archive's.
