@@ -56,10 +56,17 @@ void CommentDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const QFont bold = headingFont(option);
     const QFontMetrics metrics(bold);
     const QRect area = option.rect.adjusted(margin, margin, -margin, -margin);
+    // The author gives way to what stands at the right, but keeps a third.
+    const QFontMetrics plain(option.font);
+    const QString stamp = plain.elidedText(index.data(CommentTreeModel::StampRole).toString(), Qt::ElideRight,
+                                           area.width() * 2 / 3);
+    const int rest = area.width() - plain.horizontalAdvance(stamp) - 2 * margin;
+    painter->setFont(option.font);
+    painter->drawText(area, Qt::AlignRight | Qt::AlignTop, stamp);
     painter->setFont(bold);
-    painter->drawText(area, Qt::AlignLeft | Qt::AlignTop,
-                      metrics.elidedText(index.data(CommentTreeModel::HeadingRole).toString(), Qt::ElideRight,
-                                         area.width()));
+    painter->drawText(
+        area, Qt::AlignLeft | Qt::AlignTop,
+        metrics.elidedText(index.data(CommentTreeModel::AuthorRole).toString(), Qt::ElideRight, rest));
     painter->setFont(option.font);
     painter->drawStaticText(area.left(), area.top() + metrics.lineSpacing(),
                             wrapped(index.data().toString(), option.font, option.rect.width()));

@@ -16,9 +16,10 @@ namespace {
 
 constexpr int deepest = 6;
 
-QString heading(const Comment &comment)
+/// When it was written, in older archives with what status, and of which view it speaks.
+QString stamp(const Comment &comment)
 {
-    QStringList parts{comment.author(), DisplayText::date(comment.date())};
+    QStringList parts{DisplayText::date(comment.date())};
     if (const auto *const older = qobject_cast<const BCF_2_0_Lib::Comment *>(&comment)) {
         parts << older->status() << older->verbalStatus();
     }
@@ -163,8 +164,10 @@ QVariant CommentTreeModel::data(const QModelIndex &index, int role) const
         return DisplayText::paragraph(shown->comment());
     case Qt::EditRole:
         return shown->comment();
-    case HeadingRole:
-        return heading(*shown);
+    case AuthorRole:
+        return DisplayText::oneLine(shown->author());
+    case StampRole:
+        return stamp(*shown);
     default:
         return {};
     }

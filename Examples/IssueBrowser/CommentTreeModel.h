@@ -21,8 +21,8 @@ class CommentTreeModel : public QAbstractItemModel
     Q_OBJECT
 
 public:
-    /// Who wrote a comment, when, and in older archives with what status.
-    enum Role { HeadingRole = Qt::UserRole };
+    /// Who wrote a comment; and when, in older archives with what status, and of which view it speaks.
+    enum Role { AuthorRole = Qt::UserRole, StampRole };
 
     explicit CommentTreeModel(ArchiveEditor *editor, QObject *parent = nullptr);
 

@@ -66,6 +66,8 @@ TopicArea::TopicArea(TopicTableModel *topics, QWidget *parent)
     }
     connect(_topics, &QAbstractItemModel::modelReset, this, &TopicArea::showArchive);
     connect(_topics, &QAbstractItemModel::dataChanged, this, &TopicArea::offerValues);
+    connect(_topics, &QAbstractItemModel::rowsInserted, this, &TopicArea::offerValues);
+    connect(_topics, &QAbstractItemModel::rowsRemoved, this, &TopicArea::offerValues);
     connect(_shown, &QAbstractItemModel::layoutChanged, this, &TopicArea::keepPicked);
     connect(_shown, &QAbstractItemModel::layoutChanged, this, &TopicArea::showCount);
     connect(_shown, &QAbstractItemModel::rowsInserted, this, &TopicArea::showCount);

@@ -27,7 +27,7 @@ TopicPages::TopicPages(QWidget *fields, QWidget *parent)
     _list->setIconSize(QSize(16, 16));
     _list->setAlternatingRowColors(true);
     addCopyAction(_list, tr("&Copy"));
-    _pages->addTab(fields, tr("To&pic"));
+    _pages->addTab(fields, tr("Top&ic"));
     _pages->addTab(_list, QString());
     // The tabs have no frame, so the fields stand in line with them.
     fields->layout()->setContentsMargins(0, 4, 0, 0);

@@ -30,9 +30,9 @@ ViewpointPanel::ViewpointPanel(QWidget *parent)
     makeStrip();
     _pages->setObjectName(QStringLiteral("viewpointPages"));
     _pages->setDocumentMode(true);
-    _pages->addTab(_snapshot, tr("Sna&pshot"));
-    _pages->addTab(makeElementPage(), QString());
-    _pages->addTab(makeFactPage(), tr("Cam&era"));
+    _pages->addTab(_snapshot, tr("Snaps&hot"));
+    _pages->addTab(makeElementPage(), tr("Eleme&nts"));
+    _pages->addTab(makeFactPage(), tr("&Camera"));
 
     auto *const heading = new QLabel(tr("&Viewpoints"));
     heading->setBuddy(_strip);
@@ -125,7 +125,6 @@ void ViewpointPanel::showCurrent()
     const QModelIndex current = _strip->currentIndex();
     const BCFLib::Viewpoint *const viewpoint = _model->viewpoint(current);
     _elements->setViewpoint(viewpoint);
-    _pages->setTabText(1, tr("E&lements (%1)").arg(QLocale().toString(_elements->rowCount())));
     if (!viewpoint) {
         _snapshot->setSnapshot(nullptr, QString());
         for (QLabel *fact : {_elementCounts, _file, _guid, _cameras, _geometry}) {

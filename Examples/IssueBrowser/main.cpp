@@ -1,6 +1,7 @@
 // issue-browser: shows issue archives in a window, and lets the user edit and save them.
 
 #include "MainWindow.h"
+#include "Translators.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -26,20 +27,22 @@ int main(int argc, char *argv[])
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("issue-browser"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Issue Browser"));
+    installTranslators();
+    QApplication::setApplicationDisplayName(QApplication::translate("main", "Issue Browser"));
     QApplication::setApplicationVersion(QStringLiteral(ISSUE_BROWSER_VERSION));
 
     QCommandLineParser parser;
     const QCommandLineOption screenshot(
         QStringLiteral("screenshot"),
-        QStringLiteral("Save a picture of the window with the archive to <file>, and end."),
-        QStringLiteral("file"));
+        QApplication::translate("main", "Save a picture of the window with the archive to <file>, and end."),
+        QApplication::translate("main", "file"));
     parser.setApplicationDescription(
-        QStringLiteral("Shows and edits archives of the BIM Collaboration Format."));
+        QApplication::translate("main", "Shows and edits archives of the BIM Collaboration Format."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption(screenshot);
-    parser.addPositionalArgument(QStringLiteral("archive"), QStringLiteral("The archive to open."),
+    parser.addPositionalArgument(QStringLiteral("archive"),
+                                 QApplication::translate("main", "The archive to open."),
                                  QStringLiteral("[archive]"));
     parser.process(application);
     const QStringList archives = parser.positionalArguments();

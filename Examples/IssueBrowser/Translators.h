@@ -1,0 +1,7 @@
+#ifndef ISSUEBROWSER_TRANSLATORS_H
+#define ISSUEBROWSER_TRANSLATORS_H
+
+/// Lets the program, the library and Qt speak the first language of the session, if there are catalogues.
+void installTranslators();
+
+#endif

@@ -1,0 +1,531 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>ArchiveEditor</name>
+    <message>
+        <source>Change Topic</source>
+        <translation>Thema ändern</translation>
+    </message>
+    <message>
+        <source>New Topic</source>
+        <translation>Neues Thema</translation>
+    </message>
+    <message>
+        <source>Delete Topic</source>
+        <translation>Thema löschen</translation>
+    </message>
+    <message>
+        <source>Add Comment</source>
+        <translation>Kommentar hinzufügen</translation>
+    </message>
+    <message>
+        <source>Edit Comment</source>
+        <translation>Kommentar bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Comment</source>
+        <translation>Kommentar löschen</translation>
+    </message>
+</context>
+<context>
+    <name>AttachmentListModel</name>
+    <message>
+        <source>Model file outside the archive</source>
+        <translation>Modelldatei außerhalb des Archivs</translation>
+    </message>
+    <message>
+        <source>Model file in the archive</source>
+        <translation>Modelldatei im Archiv</translation>
+    </message>
+    <message>
+        <source>IFC project %1</source>
+        <translation>IFC-Projekt %1</translation>
+    </message>
+    <message>
+        <source>IFC structure %1</source>
+        <translation>IFC-Struktur %1</translation>
+    </message>
+    <message>
+        <source>Document outside the archive</source>
+        <translation>Dokument außerhalb des Archivs</translation>
+    </message>
+    <message>
+        <source>Document in the archive</source>
+        <translation>Dokument im Archiv</translation>
+    </message>
+    <message>
+        <source>Snippet outside the archive</source>
+        <translation>Snippet außerhalb des Archivs</translation>
+    </message>
+    <message>
+        <source>Snippet in the archive</source>
+        <translation>Snippet im Archiv</translation>
+    </message>
+    <message>
+        <source>Related topic</source>
+        <translation>Verwandtes Thema</translation>
+    </message>
+    <message>
+        <source>Related topic that is not in this archive</source>
+        <translation>Verwandtes Thema, das nicht in diesem Archiv ist</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Verweis</translation>
+    </message>
+</context>
+<context>
+    <name>CommentPanel</name>
+    <message>
+        <source>&amp;Add Comment</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Reply</source>
+        <translation>Ant&amp;worten</translation>
+    </message>
+    <message>
+        <source>Edit &amp;Comment</source>
+        <translation>Kommentar &amp;bearbeiten</translation>
+    </message>
+    <message>
+        <source>Delete Co&amp;mment</source>
+        <translation>Kommentar &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Write a comment</source>
+        <translation>Kommentar schreiben</translation>
+    </message>
+    <message>
+        <source>Co&amp;mments</source>
+        <translation>Ko&amp;mmentare</translation>
+    </message>
+    <message>
+        <source>A&amp;s</source>
+        <translation>Al&amp;s</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayText</name>
+    <message>
+        <source>at %1
+towards %2, up %3</source>
+        <translation>bei %1
+in Richtung %2, oben %3</translation>
+    </message>
+    <message>
+        <source>%1 hidden, all others shown</source>
+        <translation>%1 ausgeblendet, alle anderen sichtbar</translation>
+    </message>
+    <message>
+        <source>%1 shown, all others hidden</source>
+        <translation>%1 sichtbar, alle anderen ausgeblendet</translation>
+    </message>
+    <message>
+        <source>%1 selected, %2 coloured</source>
+        <translation>%1 ausgewählt, %2 eingefärbt</translation>
+    </message>
+    <message>
+        <source>%1 listed, of them
+%2 selected, %3 coloured, %4 hidden</source>
+        <translation>%1 aufgeführt, davon
+%2 ausgewählt, %3 eingefärbt, %4 ausgeblendet</translation>
+    </message>
+    <message>
+        <source>
+… and %1 more characters</source>
+        <translation>
+… und %1 weitere Zeichen</translation>
+    </message>
+    <message>
+        <source>View %1</source>
+        <translation>Ansicht %1</translation>
+    </message>
+    <message>
+        <source>Perspective, %1°, %2</source>
+        <translation>Perspektive, %1°, %2</translation>
+    </message>
+    <message>
+        <source>Orthogonal, %1 m high, %2</source>
+        <translation>Orthogonal, %1 m hoch, %2</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Lines: %1, clipping planes: %2, bitmaps: %3</source>
+        <translation>Linien: %1, Schnittebenen: %2, Bilder: %3</translation>
+    </message>
+</context>
+<context>
+    <name>ElementTableModel</name>
+    <message>
+        <source>selected</source>
+        <translation>ausgewählt</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>ausgeblendet</translation>
+    </message>
+    <message>
+        <source>shown</source>
+        <translation>sichtbar</translation>
+    </message>
+    <message>
+        <source>coloured</source>
+        <translation>eingefärbt</translation>
+    </message>
+    <message>
+        <source>GUID</source>
+        <translation>GUID</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Verwendung</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Topics: %1</source>
+        <translation>Themen: %1</translation>
+    </message>
+    <message>
+        <source>BCF %1</source>
+        <translation>BCF %1</translation>
+    </message>
+    <message>
+        <source>BCF archives (*.bcf *.bcfzip);;All files (*)</source>
+        <translation>BCF-Archive (*.bcf *.bcfzip);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Open an archive or drop one here</source>
+        <translation>Ein Archiv öffnen oder hier ablegen</translation>
+    </message>
+    <message>
+        <source>Issue Browser</source>
+        <translation>Issue Browser</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Find Topics</source>
+        <translation>Themen &amp;suchen</translation>
+    </message>
+    <message>
+        <source>&amp;New Topic</source>
+        <translation>&amp;Neues Thema</translation>
+    </message>
+    <message>
+        <source>Edit &amp;Title</source>
+        <translation>&amp;Titel bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Topic</source>
+        <translation>Thema &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>The archive can&apos;t be saved as &quot;%1&quot;</source>
+        <translation>Das Archiv kann nicht als „%1“ gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Open Archive</source>
+        <translation>Archiv öffnen</translation>
+    </message>
+    <message>
+        <source>Save Archive As</source>
+        <translation>Archiv speichern unter</translation>
+    </message>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>Nicht gespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>There are changes that are not saved, or a comment that is not added yet.</source>
+        <translation>Es gibt Änderungen, die nicht gespeichert sind, oder einen Kommentar, der noch nicht hinzugefügt ist.</translation>
+    </message>
+    <message>
+        <source>New topic</source>
+        <translation>Neues Thema</translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+<context>
+    <name>SnapshotView</name>
+    <message>
+        <source>&amp;Enlarge</source>
+        <translation>&amp;Vergrößern</translation>
+    </message>
+    <message>
+        <source>&amp;Save Image As…</source>
+        <translation>Bild &amp;speichern unter…</translation>
+    </message>
+    <message>
+        <source>This image can&apos;t be shown</source>
+        <translation>Dieses Bild kann nicht angezeigt werden</translation>
+    </message>
+    <message>
+        <source>No snapshot</source>
+        <translation>Kein Bild</translation>
+    </message>
+    <message>
+        <source>Double click to enlarge</source>
+        <translation>Doppelklick vergrößert</translation>
+    </message>
+    <message>
+        <source>Save Image As</source>
+        <translation>Bild speichern unter</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>The image can&apos;t be saved as &quot;%1&quot;</source>
+        <translation>Das Bild kann nicht als „%1“ gespeichert werden</translation>
+    </message>
+</context>
+<context>
+    <name>TopicArea</name>
+    <message>
+        <source>Nothing matches</source>
+        <translation>Keine Treffer</translation>
+    </message>
+    <message>
+        <source>Search topics and comments</source>
+        <translation>Themen und Kommentare durchsuchen</translation>
+    </message>
+    <message>
+        <source>Any status</source>
+        <translation>Jeder Status</translation>
+    </message>
+    <message>
+        <source>No status</source>
+        <translation>Ohne Status</translation>
+    </message>
+    <message>
+        <source>Anyone</source>
+        <translation>Alle Personen</translation>
+    </message>
+    <message>
+        <source>Nobody assigned</source>
+        <translation>Niemandem zugewiesen</translation>
+    </message>
+    <message>
+        <source>1 topic</source>
+        <translation>1 Thema</translation>
+    </message>
+    <message>
+        <source>%1 topics</source>
+        <translation>%1 Themen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>TopicPages</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Top&amp;ic</source>
+        <translation>Th&amp;ema</translation>
+    </message>
+    <message>
+        <source>Lin&amp;ks and Files (%1)</source>
+        <translation>Lin&amp;ks und Dateien (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>TopicPanel</name>
+    <message>
+        <source>&amp;Title</source>
+        <translation>&amp;Titel</translation>
+    </message>
+    <message>
+        <source>Stat&amp;us</source>
+        <translation>Stat&amp;us</translation>
+    </message>
+    <message>
+        <source>T&amp;ype</source>
+        <translation>T&amp;yp</translation>
+    </message>
+    <message>
+        <source>&amp;Priority</source>
+        <translation>&amp;Priorität</translation>
+    </message>
+    <message>
+        <source>Assi&amp;gned to</source>
+        <translation>Zu&amp;gewiesen</translation>
+    </message>
+    <message>
+        <source>&amp;Labels</source>
+        <translation>&amp;Labels</translation>
+    </message>
+    <message>
+        <source>Created</source>
+        <translation>Erstellt</translation>
+    </message>
+    <message>
+        <source>Modified</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+</context>
+<context>
+    <name>TopicTableModel</name>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Priority</source>
+        <translation>Priorität</translation>
+    </message>
+    <message>
+        <source>Assigned to</source>
+        <translation>Zugewiesen</translation>
+    </message>
+    <message>
+        <source>Created</source>
+        <translation>Erstellt</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>Kommentare</translation>
+    </message>
+</context>
+<context>
+    <name>ViewpointChooser</name>
+    <message>
+        <source>The view that the comment speaks of</source>
+        <translation>Die Ansicht, von der der Kommentar handelt</translation>
+    </message>
+    <message>
+        <source>No view</source>
+        <translation>Keine Ansicht</translation>
+    </message>
+</context>
+<context>
+    <name>ViewpointPanel</name>
+    <message>
+        <source>Snaps&amp;hot</source>
+        <translation>B&amp;ild</translation>
+    </message>
+    <message>
+        <source>Eleme&amp;nts</source>
+        <translation>Eleme&amp;nte</translation>
+    </message>
+    <message>
+        <source>&amp;Camera</source>
+        <translation>K&amp;amera</translation>
+    </message>
+    <message>
+        <source>&amp;Viewpoints</source>
+        <translation>Ansi&amp;chten</translation>
+    </message>
+    <message>
+        <source>&amp;Copy GUIDs</source>
+        <translation>GUIDs &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>GUID</source>
+        <translation>GUID</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Geometry</source>
+        <translation>Geometrie</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Issue Browser</source>
+        <translation>Issue Browser</translation>
+    </message>
+    <message>
+        <source>Save a picture of the window with the archive to &lt;file&gt;, and end.</source>
+        <translation>Ein Bild des Fensters mit dem Archiv in &lt;Datei&gt; speichern und enden.</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Shows and edits archives of the BIM Collaboration Format.</source>
+        <translation>Zeigt und bearbeitet Archive des BIM Collaboration Format.</translation>
+    </message>
+    <message>
+        <source>The archive to open.</source>
+        <translation>Das Archiv, das geöffnet werden soll.</translation>
+    </message>
+</context>
+</TS>
