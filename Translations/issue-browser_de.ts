@@ -2,6 +2,97 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ArchiveCheck</name>
+    <message>
+        <source>There is no file &quot;%1&quot;.</source>
+        <translation>Es gibt keine Datei „%1“.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a folder, not an archive.</source>
+        <translation>„%1“ ist ein Ordner, kein Archiv.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can&apos;t be read.</source>
+        <translation>„%1“ kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is empty.</source>
+        <translation>„%1“ ist leer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no zip archive, so it can&apos;t hold issues.</source>
+        <translation>„%1“ ist kein ZIP-Archiv und kann daher keine Themen enthalten.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is cut off: its end is missing. Fetch it again.</source>
+        <translation>„%1“ ist abgeschnitten: Das Ende fehlt. Holen Sie die Datei erneut.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; doesn&apos;t say its version, so it may hold more than is shown.</source>
+        <translation>„%1“ nennt keine Version und kann daher mehr enthalten, als gezeigt wird.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is of version %2, which is read only in part: comments, viewpoints and more may be missing.</source>
+        <translation>„%1“ hat die Version %2, die nur zum Teil gelesen wird: Kommentare, Ansichten und anderes können fehlen.</translation>
+    </message>
+    <message>
+        <source>Topics that could not be read: %1. A save of this archive would lose them.</source>
+        <translation>Themen, die nicht gelesen werden konnten: %1. Beim Speichern dieses Archivs gingen sie verloren.</translation>
+    </message>
+    <message>
+        <source>The file bcf.version in the archive is damaged, so nothing was read.</source>
+        <translation>Die Datei bcf.version im Archiv ist beschädigt, daher wurde nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>The version &quot;%1&quot; can&apos;t be saved.</source>
+        <translation>Die Version „%1“ kann nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Topic &quot;%1&quot;: %2</source>
+        <translation>Thema „%1“: %2</translation>
+    </message>
+    <message>
+        <source>it has no guid</source>
+        <translation>es hat keine GUID</translation>
+    </message>
+    <message>
+        <source>it has no title</source>
+        <translation>es hat keinen Titel</translation>
+    </message>
+    <message>
+        <source>it has no creation author</source>
+        <translation>es hat keinen Verfasser</translation>
+    </message>
+    <message>
+        <source>it has no creation date, or none that can be read</source>
+        <translation>es hat kein lesbares Erstellungsdatum</translation>
+    </message>
+    <message>
+        <source>viewpoint %1 %2</source>
+        <translation>Ansicht %1 %2</translation>
+    </message>
+    <message>
+        <source>none of its viewpoint files is named viewpoint.bcfv</source>
+        <translation>keine seiner Ansichtsdateien heißt viewpoint.bcfv</translation>
+    </message>
+    <message>
+        <source>none of its images is named snapshot.png</source>
+        <translation>keines seiner Bilder heißt snapshot.png</translation>
+    </message>
+    <message>
+        <source>has no guid</source>
+        <translation>hat keine GUID</translation>
+    </message>
+    <message>
+        <source>has an orthogonal camera of scale 0</source>
+        <translation>hat eine orthogonale Kamera mit dem Maßstab 0</translation>
+    </message>
+    <message>
+        <source>lacks its image &quot;%1&quot;</source>
+        <translation>ist ohne ihr Bild „%1“</translation>
+    </message>
+</context>
+<context>
     <name>ArchiveEditor</name>
     <message>
         <source>Change Topic</source>
@@ -26,6 +117,40 @@
     <message>
         <source>Delete Comment</source>
         <translation>Kommentar löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ArchiveLoader</name>
+    <message>
+        <source>The file &quot;%1&quot; can&apos;t be moved to &quot;%2&quot;</source>
+        <translation>Die Datei „%1“ kann nicht nach „%2“ verschoben werden</translation>
+    </message>
+</context>
+<context>
+    <name>ArchiveSaver</name>
+    <message>
+        <source>A viewpoint of topic &quot;%1&quot; lacks its image &quot;%2&quot;.</source>
+        <translation>Einer Ansicht des Themas „%1“ fehlt das Bild „%2“.</translation>
+    </message>
+    <message>
+        <source>The file &quot;%2&quot; of topic &quot;%1&quot; can&apos;t be read.</source>
+        <translation>Die Datei „%2“ des Themas „%1“ kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Writing to the folder &quot;%1&quot; failed. Its disk has room for %2.</source>
+        <translation>In den Ordner „%1“ konnte nicht geschrieben werden. Auf dem Datenträger sind %2 frei.</translation>
+    </message>
+    <message>
+        <source>There is a folder of that name.</source>
+        <translation>Es gibt einen Ordner dieses Namens.</translation>
+    </message>
+    <message>
+        <source>There is no folder &quot;%1&quot;.</source>
+        <translation>Es gibt keinen Ordner „%1“.</translation>
+    </message>
+    <message>
+        <source>Nothing can be written to the folder &quot;%1&quot;.</source>
+        <translation>In den Ordner „%1“ kann nicht geschrieben werden.</translation>
     </message>
 </context>
 <context>
@@ -257,10 +382,6 @@ in Richtung %2, oben %3</translation>
         <translation>Fehler</translation>
     </message>
     <message>
-        <source>The archive can&apos;t be saved as &quot;%1&quot;</source>
-        <translation>Das Archiv kann nicht als „%1“ gespeichert werden</translation>
-    </message>
-    <message>
         <source>Open Archive</source>
         <translation>Archiv öffnen</translation>
     </message>
@@ -273,12 +394,44 @@ in Richtung %2, oben %3</translation>
         <translation>Nicht gespeicherte Änderungen</translation>
     </message>
     <message>
-        <source>There are changes that are not saved, or a comment that is not added yet.</source>
-        <translation>Es gibt Änderungen, die nicht gespeichert sind, oder einen Kommentar, der noch nicht hinzugefügt ist.</translation>
-    </message>
-    <message>
         <source>New topic</source>
         <translation>Neues Thema</translation>
+    </message>
+    <message>
+        <source>Something is missing in this archive, so it can be neither changed nor saved:</source>
+        <translation>In diesem Archiv fehlt etwas, daher kann es weder geändert noch gespeichert werden:</translation>
+    </message>
+    <message>
+        <source>What is shown can be saved under another name.</source>
+        <translation>Was gezeigt wird, kann unter einem anderen Namen gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>… and %1 more</source>
+        <translation>… und %1 weitere</translation>
+    </message>
+    <message>
+        <source>There are no topics in this archive.</source>
+        <translation>Dieses Archiv enthält keine Themen.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>The archive can&apos;t be saved as &quot;%1&quot;.</source>
+        <translation>Das Archiv kann nicht als „%1“ gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Saving: %1 written</source>
+        <translation>Speichern: %1 geschrieben</translation>
+    </message>
+    <message>
+        <source>What you have written is not added yet. Add it as a comment and save?</source>
+        <translation>Was Sie geschrieben haben, ist noch nicht hinzugefügt. Als Kommentar hinzufügen und speichern?</translation>
+    </message>
+    <message>
+        <source>There are changes that are not saved. Save them?</source>
+        <translation>Es gibt Änderungen, die nicht gespeichert sind. Speichern?</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,97 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>ArchiveCheck</name>
+    <message>
+        <source>There is no file &quot;%1&quot;.</source>
+        <translation>Il n’y a pas de fichier «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a folder, not an archive.</source>
+        <translation>«&#xa0;%1&#xa0;» est un dossier, pas une archive.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can&apos;t be read.</source>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is empty.</source>
+        <translation>«&#xa0;%1&#xa0;» est vide.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no zip archive, so it can&apos;t hold issues.</source>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une archive ZIP et ne peut donc pas contenir de sujets.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is cut off: its end is missing. Fetch it again.</source>
+        <translation>«&#xa0;%1&#xa0;» est tronqué&#xa0;: la fin manque. Récupérez-le à nouveau.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; doesn&apos;t say its version, so it may hold more than is shown.</source>
+        <translation>«&#xa0;%1&#xa0;» n’indique pas sa version et peut donc contenir plus que ce qui est affiché.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is of version %2, which is read only in part: comments, viewpoints and more may be missing.</source>
+        <translation>«&#xa0;%1&#xa0;» est de version %2, qui n’est lue qu’en partie&#xa0;: des commentaires, des vues et d’autres données peuvent manquer.</translation>
+    </message>
+    <message>
+        <source>Topics that could not be read: %1. A save of this archive would lose them.</source>
+        <translation>Sujets qui n’ont pas pu être lus&#xa0;: %1. Enregistrer cette archive les ferait perdre.</translation>
+    </message>
+    <message>
+        <source>The file bcf.version in the archive is damaged, so nothing was read.</source>
+        <translation>Le fichier bcf.version de l’archive est endommagé, rien n’a donc été lu.</translation>
+    </message>
+    <message>
+        <source>The version &quot;%1&quot; can&apos;t be saved.</source>
+        <translation>La version «&#xa0;%1&#xa0;» ne peut pas être enregistrée.</translation>
+    </message>
+    <message>
+        <source>Topic &quot;%1&quot;: %2</source>
+        <translation>Sujet «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>it has no guid</source>
+        <translation>il n’a pas de GUID</translation>
+    </message>
+    <message>
+        <source>it has no title</source>
+        <translation>il n’a pas de titre</translation>
+    </message>
+    <message>
+        <source>it has no creation author</source>
+        <translation>il n’a pas d’auteur</translation>
+    </message>
+    <message>
+        <source>it has no creation date, or none that can be read</source>
+        <translation>il n’a pas de date de création lisible</translation>
+    </message>
+    <message>
+        <source>viewpoint %1 %2</source>
+        <translation>la vue %1 %2</translation>
+    </message>
+    <message>
+        <source>none of its viewpoint files is named viewpoint.bcfv</source>
+        <translation>aucun de ses fichiers de vue ne s’appelle viewpoint.bcfv</translation>
+    </message>
+    <message>
+        <source>none of its images is named snapshot.png</source>
+        <translation>aucune de ses images ne s’appelle snapshot.png</translation>
+    </message>
+    <message>
+        <source>has no guid</source>
+        <translation>n’a pas de GUID</translation>
+    </message>
+    <message>
+        <source>has an orthogonal camera of scale 0</source>
+        <translation>a une caméra orthogonale d’échelle 0</translation>
+    </message>
+    <message>
+        <source>lacks its image &quot;%1&quot;</source>
+        <translation>n’a pas son image «&#xa0;%1&#xa0;»</translation>
+    </message>
+</context>
+<context>
     <name>ArchiveEditor</name>
     <message>
         <source>Change Topic</source>
@@ -26,6 +117,40 @@
     <message>
         <source>Delete Comment</source>
         <translation>Supprimer le commentaire</translation>
+    </message>
+</context>
+<context>
+    <name>ArchiveLoader</name>
+    <message>
+        <source>The file &quot;%1&quot; can&apos;t be moved to &quot;%2&quot;</source>
+        <translation>Le fichier «&#xa0;%1&#xa0;» ne peut pas être déplacé vers «&#xa0;%2&#xa0;»</translation>
+    </message>
+</context>
+<context>
+    <name>ArchiveSaver</name>
+    <message>
+        <source>A viewpoint of topic &quot;%1&quot; lacks its image &quot;%2&quot;.</source>
+        <translation>Une vue du sujet «&#xa0;%1&#xa0;» n’a pas son image «&#xa0;%2&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The file &quot;%2&quot; of topic &quot;%1&quot; can&apos;t be read.</source>
+        <translation>Le fichier «&#xa0;%2&#xa0;» du sujet «&#xa0;%1&#xa0;» ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>Writing to the folder &quot;%1&quot; failed. Its disk has room for %2.</source>
+        <translation>L’écriture dans le dossier «&#xa0;%1&#xa0;» a échoué. Il reste %2 sur le disque.</translation>
+    </message>
+    <message>
+        <source>There is a folder of that name.</source>
+        <translation>Il existe un dossier de ce nom.</translation>
+    </message>
+    <message>
+        <source>There is no folder &quot;%1&quot;.</source>
+        <translation>Il n’y a pas de dossier «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Nothing can be written to the folder &quot;%1&quot;.</source>
+        <translation>Rien ne peut être écrit dans le dossier «&#xa0;%1&#xa0;».</translation>
     </message>
 </context>
 <context>
@@ -257,10 +382,6 @@ vers %2, haut %3</translation>
         <translation>Erreur</translation>
     </message>
     <message>
-        <source>The archive can&apos;t be saved as &quot;%1&quot;</source>
-        <translation>L’archive ne peut pas être enregistrée sous «&#xa0;%1&#xa0;»</translation>
-    </message>
-    <message>
         <source>Open Archive</source>
         <translation>Ouvrir une archive</translation>
     </message>
@@ -273,12 +394,44 @@ vers %2, haut %3</translation>
         <translation>Modifications non enregistrées</translation>
     </message>
     <message>
-        <source>There are changes that are not saved, or a comment that is not added yet.</source>
-        <translation>Il y a des modifications non enregistrées ou un commentaire qui n’est pas encore ajouté.</translation>
-    </message>
-    <message>
         <source>New topic</source>
         <translation>Nouveau sujet</translation>
+    </message>
+    <message>
+        <source>Something is missing in this archive, so it can be neither changed nor saved:</source>
+        <translation>Il manque quelque chose dans cette archive, elle ne peut donc être ni modifiée ni enregistrée&#xa0;:</translation>
+    </message>
+    <message>
+        <source>What is shown can be saved under another name.</source>
+        <translation>Ce qui est affiché peut être enregistré sous un autre nom.</translation>
+    </message>
+    <message>
+        <source>… and %1 more</source>
+        <translation>… et %1 de plus</translation>
+    </message>
+    <message>
+        <source>There are no topics in this archive.</source>
+        <translation>Cette archive ne contient aucun sujet.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Enregistrer</translation>
+    </message>
+    <message>
+        <source>The archive can&apos;t be saved as &quot;%1&quot;.</source>
+        <translation>L’archive ne peut pas être enregistrée sous «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Saving: %1 written</source>
+        <translation>Enregistrement&#xa0;: %1 écrits</translation>
+    </message>
+    <message>
+        <source>What you have written is not added yet. Add it as a comment and save?</source>
+        <translation>Ce que vous avez écrit n’est pas encore ajouté. L’ajouter comme commentaire et enregistrer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>There are changes that are not saved. Save them?</source>
+        <translation>Il y a des modifications non enregistrées. Les enregistrer&#xa0;?</translation>
     </message>
 </context>
 <context>

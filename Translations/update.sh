@@ -9,4 +9,4 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 lupdate=("$1" -silent -locations none -no-obsolete)
 "${lupdate[@]}" Core -ts "$folder"/bcflib_*.ts
-"${lupdate[@]}" Examples/IssueBrowser -ts "$folder"/issue-browser_*.ts
+"${lupdate[@]}" Examples/IssueBrowser Examples/Common -ts "$folder"/issue-browser_*.ts
