@@ -665,14 +665,6 @@ in Richtung %2, oben %3</translation>
         <translation>Issue Browser</translation>
     </message>
     <message>
-        <source>Save a picture of the window with the archive to &lt;file&gt;, and end.</source>
-        <translation>Ein Bild des Fensters mit dem Archiv in &lt;Datei&gt; speichern und enden.</translation>
-    </message>
-    <message>
-        <source>file</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
         <source>Shows and edits archives of the BIM Collaboration Format.</source>
         <translation>Zeigt und bearbeitet Archive des BIM Collaboration Format.</translation>
     </message>

@@ -665,14 +665,6 @@ vers %2, haut %3</translation>
         <translation>Issue Browser</translation>
     </message>
     <message>
-        <source>Save a picture of the window with the archive to &lt;file&gt;, and end.</source>
-        <translation>Enregistrer une image de la fenêtre avec l’archive dans &lt;fichier&gt;, puis terminer.</translation>
-    </message>
-    <message>
-        <source>file</source>
-        <translation>fichier</translation>
-    </message>
-    <message>
         <source>Shows and edits archives of the BIM Collaboration Format.</source>
         <translation>Affiche et modifie des archives au format BIM Collaboration Format.</translation>
     </message>
