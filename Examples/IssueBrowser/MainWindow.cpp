@@ -114,7 +114,7 @@ MainWindow::MainWindow(QWidget *parent)
     all->addWidget(details);
     all->setStretchFactor(0, 2);
     all->setStretchFactor(1, 3);
-    all->setSizes({300, 400});
+    all->setSizes({320, 400});
     all->setChildrenCollapsible(false);
     details->setChildrenCollapsible(false);
     auto *const central = new QWidget;

@@ -113,6 +113,7 @@ void TopicArea::layOut()
     }
     _count->setObjectName(QStringLiteral("count"));
 
+    _nothing->setObjectName(QStringLiteral("nothing"));
     _nothing->setAlignment(Qt::AlignCenter);
     _nothing->setEnabled(false);
     auto *const overTable = new QVBoxLayout(_table->viewport());
@@ -203,6 +204,8 @@ void TopicArea::keepPicked()
     const QModelIndex wanted = _shown->mapFromSource(_topics->indexOf(_wanted));
     const QModelIndex kept = wanted.isValid() ? wanted : _shown->index(0, TopicTableModel::Title);
     _table->setCurrentIndex(kept);
+    // The scroll bar still has the range of the rows before.
+    _table->doItemsLayout();
     _table->scrollTo(kept);
     followCurrent();
 }

@@ -13,6 +13,13 @@ using BCFLib::Topic;
 
 namespace {
 
+/// The rules of the session's language; those of English where it has none, which compares bytes.
+QLocale orderingLocale()
+{
+    const QLocale session = QCollator().locale();
+    return session.language() == QLocale::C ? QLocale(QLocale::English) : session;
+}
+
 bool holds(const QString &text, const QString &word)
 {
     return text.contains(word, Qt::CaseInsensitive);
@@ -26,11 +33,12 @@ bool mentionsAll(const Topic &topic, QStringList words)
                                    [&text](const QString &word) { return holds(text, word); }),
                     words.end());
     };
-    const QStringList fields{topic.title(),       topic.topicType(),
-                             topic.topicStatus(), topic.priority(),
-                             topic.assignedTo(),  topic.creationAuthor(),
-                             topic.description(), topic.referenceLink(),
-                             topic.guid(),        QString::number(topic.index())};
+    // Parts of these two would be found by chance.
+    words.removeAll(QString::number(topic.index()));
+    words.removeAll(topic.guid());
+    const QStringList fields{topic.title(),       topic.topicType(),    topic.topicStatus(),
+                             topic.priority(),    topic.assignedTo(),   topic.creationAuthor(),
+                             topic.description(), topic.referenceLink()};
     std::for_each(fields.begin(), fields.end(), lookIn);
     const QStringList labels = topic.labels();
     std::for_each(labels.begin(), labels.end(), lookIn);
@@ -49,6 +57,7 @@ bool mentionsAll(const Topic &topic, QStringList words)
 TopicFilterModel::TopicFilterModel(TopicTableModel *topics, QObject *parent)
     : QSortFilterProxyModel(parent)
     , _topics(topics)
+    , _collator(orderingLocale())
 {
     _collator.setCaseSensitivity(Qt::CaseInsensitive);
     _collator.setNumericMode(true);

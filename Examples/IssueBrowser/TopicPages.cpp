@@ -6,6 +6,7 @@
 #include <QDesktopServices>
 #include <QListView>
 #include <QLocale>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -27,7 +28,14 @@ TopicPages::TopicPages(QWidget *fields, QWidget *parent)
     _list->setIconSize(QSize(16, 16));
     _list->setAlternatingRowColors(true);
     addCopyAction(_list, tr("&Copy"));
-    _pages->addTab(fields, tr("Top&ic"));
+    // Where the window is low, the table above keeps its third.
+    auto *const scrolled = new QScrollArea;
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setFocusPolicy(Qt::NoFocus);
+    scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrolled->setWidgetResizable(true);
+    scrolled->setWidget(fields);
+    _pages->addTab(scrolled, tr("Top&ic"));
     _pages->addTab(_list, QString());
     // The tabs have no frame, so the fields stand in line with them.
     fields->layout()->setContentsMargins(0, 4, 0, 0);

@@ -1,0 +1,429 @@
+#include "Browser.h"
+#include "CommentTreeModel.h"
+#include "TestArchive.h"
+#include "TopicArea.h"
+#include "Translators.h"
+#include "ViewpointPanel.h"
+
+#include <BCF_2_0_Viewpoint.h>
+#include <Components.h>
+#include <Topic.h>
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTranslator>
+
+using BCFLib::BCFModel;
+using BCFLib::Topic;
+
+namespace {
+
+/// The texts of a column from top to bottom.
+QStringList texts(const QAbstractItemModel &model, int column = 0)
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        texts << model.index(row, column).data().toString();
+    }
+    return texts;
+}
+
+QSharedPointer<BCFModel> manyTopics(int count)
+{
+    const QSharedPointer<BCFModel> model = BCFModel::Create(nullptr);
+    for (int number = 0; number < count; ++number) {
+        model->addTopic(QString::number(number), "me", QDateTime::currentDateTime(), QString());
+    }
+    return model;
+}
+
+} // namespace
+
+class TestIssueBrowserDisplay : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void filters_data();
+    void filters();
+    void sorting_data();
+    void sorting();
+    void pickedTopicStaysInView();
+    void attachments();
+    void elements_data();
+    void elements();
+    void snapshotIsEnlargedAndSaved();
+    void commentLeadsToItsView();
+    void focusIsVisible();
+    void sizesAndNamesAreRemembered();
+    void languages_data();
+    void languages();
+};
+
+void TestIssueBrowserDisplay::init()
+{
+    QSettings(QSettings::IniFormat, QSettings::UserScope, "Tavrin", "issue-browser").clear();
+}
+
+void TestIssueBrowserDisplay::filters_data()
+{
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QString>("assignee");
+    QTest::addColumn<QString>("numbers");
+    QTest::addColumn<QString>("count");
+
+    QTest::newRow("all") << ""
+                         << ""
+                         << ""
+                         << "1 2 3"
+                         << "3 topics";
+    QTest::newRow("title") << "DAMPER"
+                           << ""
+                           << ""
+                           << "2"
+                           << "1 of 3 topics";
+    QTest::newRow("description") << "third of its span"
+                                 << ""
+                                 << ""
+                                 << "1"
+                                 << "1 of 3 topics";
+    QTest::newRow("comment") << "compartment"
+                             << ""
+                             << ""
+                             << "3"
+                             << "1 of 3 topics";
+    QTest::newRow("words in several texts") << "rating compartment closed"
+                                            << ""
+                                            << ""
+                                            << "3"
+                                            << "1 of 3 topics";
+    QTest::newRow("label") << "fire safety"
+                           << ""
+                           << ""
+                           << "2 3"
+                           << "2 of 3 topics";
+    QTest::newRow("status") << ""
+                            << "Open"
+                            << ""
+                            << "1"
+                            << "1 of 3 topics";
+    QTest::newRow("assignee") << ""
+                              << ""
+                              << "aino.virtanen@example.com"
+                              << "1 2"
+                              << "2 of 3 topics";
+    QTest::newRow("nothing") << "damper"
+                             << "Closed"
+                             << ""
+                             << ""
+                             << "0 of 3 topics";
+}
+
+void TestIssueBrowserDisplay::filters()
+{
+    QFETCH(const QString, search);
+    QFETCH(const QString, status);
+    QFETCH(const QString, assignee);
+    QFETCH(const QString, numbers);
+
+    const Browser browser(sample);
+    const auto choose = [&browser](const char *name, const QString &text) {
+        auto *const field = browser.part<QComboBox>(name);
+        field->setCurrentIndex(text.isEmpty() ? 0 : field->findText(text));
+    };
+    choose("statusFilter", status);
+    choose("assigneeFilter", assignee);
+    QTest::keyClicks(browser.part<QLineEdit>("filter"), search);
+    QCOMPARE(texts(*browser.topics(), TopicTableModel::Index).join(' '), numbers);
+    QTEST(browser.part<QLabel>("count")->text(), "count");
+    QCOMPARE(browser.part<QLineEdit>("title")->text(), browser.title(0));
+    QCOMPARE(browser.part<QLabel>("nothing")->isVisible(), numbers.isEmpty());
+}
+
+void TestIssueBrowserDisplay::sorting_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QStringList>("sorted");
+
+    QTest::newRow("words for priorities, the most urgent first")
+        << int(TopicTableModel::Priority) << QByteArray("_priority")
+        << QStringList{"Critical", "hoch", "Medium", "Niedrig", "trivial", "a word", "some word", ""};
+    QTest::newRow("numbers for priorities") << int(TopicTableModel::Priority) << QByteArray("_priority")
+                                            << QStringList{"P1", "2 - high", "Normal", "10", ""};
+    QTest::newRow("numbers, and topics without")
+        << int(TopicTableModel::Index) << QByteArray("_index") << QStringList{"2", "9", "10", "-1"};
+    QTest::newRow("numbers in texts")
+        << int(TopicTableModel::Title) << QByteArray("_title") << QStringList{"duct 9", "Duct 10", "pipe 1"};
+}
+
+void TestIssueBrowserDisplay::sorting()
+{
+    QFETCH(const int, column);
+    QFETCH(const QByteArray, property);
+    QFETCH(const QStringList, sorted);
+
+    const QSharedPointer<BCFModel> model = manyTopics(sorted.size());
+    const QList<Topic *> all = model->topics();
+    for (int place = 0; place < all.size(); ++place) {
+        all.at(place)->setProperty(property, sorted.at(all.size() - 1 - place));
+    }
+    TopicTableModel topics;
+    const TopicArea area(&topics);
+    topics.setArchive(model);
+    area.table()->sortByColumn(column, Qt::AscendingOrder);
+    QStringList shown;
+    for (int row = 0; row < all.size(); ++row) {
+        area.table()->selectRow(row);
+        shown << area.topic()->property(property).toString();
+    }
+    QCOMPARE(shown, sorted);
+}
+
+void TestIssueBrowserDisplay::pickedTopicStaysInView()
+{
+    const QSharedPointer<BCFModel> model = manyTopics(300);
+    const Topic *const wanted = model->topics().at(77);
+    TopicTableModel topics;
+    TopicArea area(&topics);
+    topics.setArchive(model);
+    area.resize(900, 300);
+    area.show();
+    area.pick(wanted);
+    const auto isInView = [&area] {
+        const QTableView &table = *area.table();
+        return table.viewport()->rect().contains(table.visualRect(table.currentIndex()).center());
+    };
+    auto *const search = area.findChild<QLineEdit *>("filter");
+
+    area.table()->sortByColumn(TopicTableModel::Title, Qt::DescendingOrder);
+    QCOMPARE(area.topic(), wanted);
+    QVERIFY(isInView());
+    search->setText("9");
+    QCOMPARE(area.topic()->title(), QString("299"));
+    search->setText("7");
+    QCOMPARE(area.topic(), wanted);
+    QVERIFY(isInView());
+    search->clear();
+    QCOMPARE(area.topic(), wanted);
+    QVERIFY(isInView());
+    search->setText("9");
+    area.pick(wanted);
+    QCOMPARE(area.topic(), wanted);
+}
+
+void TestIssueBrowserDisplay::attachments()
+{
+    Browser browser(sample);
+    auto *const list = browser.part<QAbstractItemView>("attachments");
+    auto *const pages = browser.part<QTabWidget>("topicPages");
+    pages->setCurrentIndex(1);
+    QStringList rows = texts(*list->model());
+    QCOMPARE(rows.size(), 5);
+    for (const char *const text : {"clashes/204\nLink", "structure.ifc\nModel file outside",
+                                   "\nModel file in", "schedule.pdf\nDocument outside", "Fire damper"}) {
+        QVERIFY2(rows.takeFirst().contains(text), text);
+    }
+    list->setFocus();
+    list->selectAll();
+    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+    QVERIFY(QApplication::clipboard()->text().startsWith("https://example.com/clinic/clashes/204\nclinic-"));
+
+    // The second click of a double one doesn't lead on, back to the first topic.
+    const QModelIndex related = list->model()->index(4, 0);
+    list->scrollTo(related);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, list->visualRect(related).center());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, list->visualRect(related).center());
+    QVERIFY(browser.part<QLineEdit>("title")->text().startsWith("Fire damper"));
+    QCOMPARE(pages->currentIndex(), 0);
+    rows = texts(*list->model());
+    QVERIFY(rows.at(1).contains("damper.ifc\nSnippet outside the archive\nIfcDamper"));
+}
+
+void TestIssueBrowserDisplay::elements_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QStringList>("rows");
+
+    QTest::newRow("sets") << "2.1"
+                          << QStringList{"a selected", "b hidden", "b coloured #00ff00",
+                                         "a coloured #ff0000"};
+    QTest::newRow("list") << "2.0" << QStringList{"a selected, coloured #ff0000", "b hidden"};
+}
+
+void TestIssueBrowserDisplay::elements()
+{
+    QFETCH(const QString, version);
+    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+    BCFLib::Viewpoint *const viewpoint =
+        model->addTopic("T", "me", QDateTime::currentDateTime(), QString())->addViewpoint(QString());
+    if (auto *const listForm = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
+        listForm->addComponent("a")->setSelected(Tavrin::BooleanTrue);
+        listForm->getComponent("a")->setColor("ff0000");
+        listForm->addComponent("b")->setVisible(Tavrin::BooleanFalse);
+    } else {
+        viewpoint->components()->setSelectionComponents({"a"});
+        viewpoint->components()->setVisibilityExceptionComponents({"b"});
+        viewpoint->components()->addColoringComponents(Qt::red, {"a"});
+        viewpoint->components()->addColoringComponents(Qt::green, {"b"});
+    }
+    ViewpointPanel panel;
+    panel.setTopic(model->topics().first());
+    panel.findChild<QTabWidget *>("viewpointPages")->setCurrentIndex(1);
+    panel.show();
+    panel.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&panel));
+
+    auto *const table = panel.findChild<QTableView *>("elements");
+    QStringList rows;
+    for (int row = 0; row < table->model()->rowCount(); ++row) {
+        const QModelIndex use = table->model()->index(row, 1);
+        const QColor swatch = use.data(Qt::DecorationRole).value<QColor>();
+        rows << use.siblingAtColumn(0).data().toString() + ' ' + use.data().toString()
+                + (swatch.isValid() ? ' ' + swatch.name() : QString());
+    }
+    QTEST(rows, "rows");
+    table->setFocus();
+    table->selectRow(1);
+    QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QString("b"));
+}
+
+void TestIssueBrowserDisplay::snapshotIsEnlargedAndSaved()
+{
+    const Browser browser(sample);
+    auto *const snapshot = browser.part<QWidget>("snapshot");
+    QTest::mouseDClick(snapshot, Qt::LeftButton);
+    auto *const enlarged = browser.part<QDialog>("enlarged");
+    QVERIFY(enlarged->isVisible());
+    QVERIFY(enlarged->width() > snapshot->width());
+
+    const TestArchive folder;
+    const QString path = folder.path("saved.png");
+    QTimer::singleShot(0, [&path] {
+        auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        dialog->findChild<QLineEdit *>("fileNameEdit")->setText(path);
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    snapshot->actions().last()->trigger();
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), TestArchive::entry(sample, "4c596633-b4a3-5095-ac68-4004493fb156/snapshot.png"));
+}
+
+void TestIssueBrowserDisplay::commentLeadsToItsView()
+{
+    const Browser browser(sample);
+    auto *const tree = browser.part<QAbstractItemView>("comments");
+    QModelIndex third = tree->model()->index(0, 0);
+    for (int step = 0; step < 2; ++step) {
+        third = tree->model()->index(0, 0, third);
+    }
+    QVERIFY(third.data(CommentTreeModel::StampRole).toString().endsWith("View 2"));
+    tree->setCurrentIndex(third);
+    QCOMPARE(browser.part<QAbstractItemView>("viewpoints")->currentIndex().row(), 1);
+}
+
+void TestIssueBrowserDisplay::focusIsVisible()
+{
+    Browser browser(sample);
+    // As after the first Tab.
+    browser.setAttribute(Qt::WA_KeyboardFocusChange);
+    int fields = 0;
+    for (QWidget *const widget : browser.findChildren<QWidget *>()) {
+        if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() || !widget->isEnabled()) {
+            continue;
+        }
+        browser.setFocus();
+        QCOMPARE(QApplication::focusWidget(), &browser);
+        const QImage without = browser.grab().toImage();
+        widget->setFocus(Qt::TabFocusReason);
+        QVERIFY2(browser.grab().toImage() != without, qPrintable(widget->objectName()));
+        ++fields;
+    }
+    QVERIFY(fields > 10);
+}
+
+void TestIssueBrowserDisplay::sizesAndNamesAreRemembered()
+{
+    QList<int> panes;
+    {
+        Browser browser(sample);
+        browser.resize(1024 - 8, 768 - 32);
+        QCOMPARE(browser.size(), QSize(1024 - 8, 768 - 32));
+        QVERIFY(browser.part<QWidget>("topics")->height() * 3 >= browser.height());
+        browser.part<QHeaderView>("topicColumns")->resizeSection(TopicTableModel::Status, 123);
+        auto *const splitter = browser.part<QSplitter>("panes");
+        splitter->setSizes({400, 300, 300});
+        panes = splitter->sizes();
+        browser.part<QLineEdit>("author")->setText("someone else");
+        QVERIFY(browser.close());
+    }
+    Browser browser(sample);
+    QCOMPARE(browser.part<QHeaderView>("topicColumns")->sectionSize(TopicTableModel::Status), 123);
+    QCOMPARE(browser.part<QSplitter>("panes")->sizes(), panes);
+    QCOMPARE(browser.part<QLineEdit>("author")->text(), QString("someone else"));
+
+    TestArchive other;
+    browser.openAndWait(other.addTopic("<Title>T</Title>").write());
+    auto *const recent = browser.part<QMenu>("recentFiles");
+    emit recent->aboutToShow();
+    QCOMPARE(recent->actions().size(), 2);
+    QSignalSpy done(&browser, &MainWindow::opened);
+    recent->actions().last()->trigger();
+    QVERIFY(done.wait());
+    QCOMPARE(browser.topics()->rowCount(), 3);
+}
+
+void TestIssueBrowserDisplay::languages_data()
+{
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("de_DE") << "&Datei|Titel|11.03.2024 08:12|1.234 Themen|1 von 1.234 Themen|Warnung";
+    QTest::newRow("fr_FR")
+        << "&Fichier|Titre|11/03/2024 08:12|1\u202f234 sujets|1 sur 1\u202f234 sujets|Avertissement";
+    QTest::newRow("en_GB") << "&File|Title|11/03/2024 08:12|1,234 topics|1 of 1,234 topics|Warning";
+}
+
+void TestIssueBrowserDisplay::languages()
+{
+    QLocale::setDefault(QLocale(QTest::currentDataTag()));
+    if (!QDir(QCoreApplication::applicationDirPath()).exists("../Translations/issue-browser_de.qm")) {
+        QSKIP("built without catalogues");
+    }
+    installTranslators();
+    const Browser browser(sample);
+    TopicTableModel topics;
+    const TopicArea area(&topics);
+    topics.setArchive(manyTopics(1234));
+    const QString all = area.findChild<QLabel *>("count")->text();
+    area.findChild<QLineEdit *>("filter")->setText("1233");
+    QString message;
+    QString title;
+    BCFModel::Create(nullptr)->isValid("a.bcf", message, title);
+    const QStringList shown{browser.menuBar()->actions().first()->text(),
+                            browser.topics()->headerData(TopicTableModel::Title, Qt::Horizontal).toString(),
+                            texts(*browser.topics(), TopicTableModel::Created).first(),
+                            all,
+                            area.findChild<QLabel *>("count")->text(),
+                            title};
+    qDeleteAll(qApp->findChildren<QTranslator *>());
+    QLocale::setDefault(QLocale::c());
+    QTEST(shown.join('|'), "expected");
+}
+
+QTEST_MAIN(TestIssueBrowserDisplay)
+
+#include "TestIssueBrowserDisplay.moc"
