@@ -5,10 +5,6 @@
 #include <Comment.h>
 #include <Topic.h>
 
-#include <QComboBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-
 namespace {
 
 QByteArray comment(const QByteArray &guid, const QByteArray &answered)
@@ -27,12 +23,7 @@ private slots:
     void sampleIsShownSortedAndFiltered();
     void threads_data();
     void threads();
-    void editsAreSavedAndLoadedAgain();
-    void closingAsksForUnsavedEdits();
-    void unusableArchive();
-    void archiveThatIsLoadedInPart();
     void droppedArchiveTakesThePlaceOfTheFirst();
-    void closingDuringALoad();
     void badImagesAreNull();
 };
 
@@ -81,74 +72,6 @@ void TestIssueBrowser::threads()
     QCOMPARE(tree(*browser.comments()), expected);
 }
 
-void TestIssueBrowser::editsAreSavedAndLoadedAgain()
-{
-    Browser browser(sample);
-    replaceText(browser.part<QLineEdit>("title"), "<b>Duct</b>");
-    QCOMPARE(browser.title(0), QString("<b>Duct</b>"));
-    replaceText(browser.part<QLineEdit>("title"), " ");
-    QCOMPARE(browser.part<QLineEdit>("title")->text(), QString("<b>Duct</b>"));
-    replaceText(browser.part<QComboBox>("status")->lineEdit(), "Open again");
-
-    browser.part<QLineEdit>("author")->setText("me");
-    QVERIFY(!browser.part<QPushButton>("addComment")->isEnabled());
-    browser.part<QPlainTextEdit>("draft")->setPlainText("new");
-    browser.part<QPushButton>("addComment")->click();
-    browser.part<QPlainTextEdit>("draft")->setPlainText("answer");
-    browser.part<QPushButton>("reply")->click();
-    QVERIFY(tree(*browser.comments()).endsWith("new(answer)"));
-    QVERIFY(browser.isWindowModified());
-
-    const TestArchive folder;
-    QVERIFY(browser.save(folder.path()));
-    QVERIFY(!browser.isWindowModified());
-    const QSharedPointer<BCFLib::BCFModel> saved = TestArchive::load(folder.path());
-    const BCFLib::Topic *const topic = saved->topics().first();
-    QCOMPARE(topic->title(), QString("<b>Duct</b>"));
-    QCOMPARE(topic->topicStatus(), QString("Open again"));
-    QCOMPARE(topic->modifiedAuthor(), QString("me"));
-    QCOMPARE(topic->comments().last()->replyToComment()->comment(), QString("new"));
-
-    // A failed save tells so and leaves what is there.
-    QVERIFY(!browser.save(folder.path("no folder/x.bcf")));
-    QVERIFY(browser.message().contains("can't be saved"));
-}
-
-void TestIssueBrowser::closingAsksForUnsavedEdits()
-{
-    Browser browser(sample);
-    // Typed, but not yet taken over by leaving the field.
-    QTest::keyClicks(browser.part<QLineEdit>("title"), "!");
-    answer(QMessageBox::Cancel);
-    QVERIFY(!browser.close());
-    QVERIFY(browser.title(0).contains('!'));
-    answer(QMessageBox::Discard);
-    QVERIFY(browser.close());
-}
-
-void TestIssueBrowser::unusableArchive()
-{
-    const TestArchive archive;
-    QFile file(archive.path("<i>.bcf"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    Browser browser(file.fileName());
-    QCOMPARE(browser.message(), QString("Error: \"%1\" is empty.").arg(file.fileName()));
-    QVERIFY(!browser.centralWidget()->isEnabled());
-}
-
-void TestIssueBrowser::archiveThatIsLoadedInPart()
-{
-    const QByteArray header = "<Header><File isExternal=\"false\"><Filename>a.txt</Filename></File></Header>";
-    TestArchive whole;
-    TestArchive torso;
-    Browser browser(whole.addTopic("<Title>T</Title>", header).add("a.txt", "stays in the cache").write());
-    QVERIFY(browser.save(whole.path("saved.bcf")));
-    browser.openAndWait(torso.addTopic("<Title>T</Title>", header).write());
-    QCOMPARE(browser.topics()->rowCount(), 1);
-    QVERIFY(!browser.save(whole.path("saved.bcf")));
-    QVERIFY(!TestArchive::entry(whole.path("saved.bcf"), "a.txt").isEmpty());
-}
-
 void TestIssueBrowser::droppedArchiveTakesThePlaceOfTheFirst()
 {
     Browser browser(sample);
@@ -160,13 +83,6 @@ void TestIssueBrowser::droppedArchiveTakesThePlaceOfTheFirst()
     QCOMPARE(browser.part<QLineEdit>("title")->text(), QString("T"));
     QCOMPARE(tree(*browser.comments()), QString("a"));
     QCOMPARE(browser.part<QAbstractItemView>("viewpoints")->model()->rowCount(), 0);
-}
-
-void TestIssueBrowser::closingDuringALoad()
-{
-    Browser browser(sample);
-    browser.open(sample);
-    QVERIFY(browser.close());
 }
 
 void TestIssueBrowser::badImagesAreNull()

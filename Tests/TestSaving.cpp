@@ -1,3 +1,4 @@
+#include "DiskLimit.h"
 #include "TestArchive.h"
 
 #include <BCF_2_0_Viewpoint.h>
@@ -21,10 +22,8 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QXmlStreamReader>
-#include <csignal>
 #include <quazip/quazip.h>
 #include <quazip/quazipfileinfo.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace BCFLib;
@@ -85,28 +84,6 @@ ModelPointer makeModel(const TestArchive &folder)
     }
     return model;
 }
-
-/// Below this limit on the size of a file, writing fails as on a full disk.
-class DiskLimit
-{
-public:
-    explicit DiskLimit(qint64 bytes)
-        : _handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &_before);
-        const rlimit limit{static_cast<rlim_t>(bytes), _before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~DiskLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &_before);
-        std::signal(SIGXFSZ, _handler);
-    }
-
-private:
-    void (*_handler)(int);
-    rlimit _before{};
-};
 
 } // namespace
 

@@ -93,6 +93,12 @@ QWidget *CommentDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
     return editor;
 }
 
+void CommentDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    QStyledItemDelegate::setEditorData(editor, index);
+    qobject_cast<QPlainTextEdit *>(editor)->moveCursor(QTextCursor::End);
+}
+
 void CommentDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                            const QModelIndex &) const
 {

@@ -143,7 +143,7 @@ void CommentPanel::follow(Topic *topic, Comment *comment)
     if (comment && topic == _model->topic()) {
         const Comment *const before = current();
         _model->update(comment);
-        setCurrent(before);
+        setCurrent(_model->indexOf(comment).isValid() ? comment : before);
         updateButtons();
     }
 }

@@ -8,6 +8,7 @@ FocusMarker::FocusMarker(QWidget *window)
     : QFocusFrame(window)
 {
     setObjectName(QStringLiteral("focusMarker"));
+    hide();
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget *, QWidget *focused) { follow(focused); });
 }

@@ -39,9 +39,9 @@ using BCFLib::BCFModel;
 
 namespace {
 
-QString summary(const BCFModel &archive, int topics)
+QString summary(const BCFModel &archive)
 {
-    QStringList parts{MainWindow::tr("Topics: %1").arg(QLocale().toString(topics))};
+    QStringList parts;
     if (const BCFLib::Version *const version = archive.version()) {
         parts << MainWindow::tr("BCF %1").arg(version->versionId());
     }
@@ -248,6 +248,7 @@ QString MainWindow::saveMeanwhile(const QString &path)
 {
     const BCFLib::Topic *const topic = _topicArea->topic();
     const BCFLib::Comment *const comment = _comments->current();
+    const BCFLib::Viewpoint *const viewpoint = _viewpoints->current();
     const QPointer<QWidget> focus = focusWidget();
     setBusy(true);
     // Neither does anybody see that the parts are empty meanwhile.
@@ -269,6 +270,7 @@ QString MainWindow::saveMeanwhile(const QString &path)
     if (topic) {
         _topicArea->pick(topic);
         _comments->setCurrent(comment);
+        _viewpoints->setCurrent(viewpoint);
     }
     centralWidget()->setUpdatesEnabled(true);
     setBusy(false);
@@ -371,7 +373,7 @@ void MainWindow::showArchive(const LoadedArchive &loaded)
     _isReadWhole = ArchiveCheck::warnings(loaded.file, *loaded.model).isEmpty();
     setPath(loaded.path);
     _notice->setText(notice(loaded));
-    _summary->setText(summary(*_archive, _topics->rowCount()));
+    _summary->setText(summary(*_archive));
 }
 
 void MainWindow::setPath(const QString &path)

@@ -34,10 +34,10 @@ QString textOf(const QVariant &value)
     if (!isList(value)) {
         return value.toString();
     }
-    const QString text = value.toStringList().join(QStringLiteral(", "));
-    return text.count(QLatin1Char(',')) < value.toStringList().size()
-        ? text
-        : value.toStringList().join(QStringLiteral("; ")) + QLatin1Char(';');
+    const QStringList labels = value.toStringList();
+    const bool haveComma = labels.join(QString()).contains(QLatin1Char(','));
+    return haveComma ? labels.join(QStringLiteral("; ")) + QLatin1Char(';')
+                     : labels.join(QStringLiteral(", "));
 }
 
 QVariant valueOf(const QString &text, bool asList)
@@ -72,6 +72,10 @@ TopicPanel::TopicPanel(ArchiveEditor *editor, TopicTableModel *topics, QWidget *
     addField(form, tr("&Labels"), "_labels", "labels");
     _created = addFact(form, tr("Created"));
     _modified = addFact(form, tr("Modified"));
+    for (QLabel *stamp : {_created, _modified}) {
+        // Always a date and an author, so that the panel keeps its size from topic to topic.
+        stamp->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    }
     form->addRow(_description);
 
     _description->setObjectName(QStringLiteral("description"));

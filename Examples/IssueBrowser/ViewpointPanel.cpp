@@ -116,8 +116,18 @@ void ViewpointPanel::setTopic(const BCFLib::Topic *topic)
 void ViewpointPanel::showViewpointOf(const BCFLib::Comment *comment)
 {
     if (comment && comment->viewpoint()) {
-        _strip->setCurrentIndex(_model->indexOf(comment->viewpoint()));
+        setCurrent(comment->viewpoint());
     }
+}
+
+const BCFLib::Viewpoint *ViewpointPanel::current() const
+{
+    return _model->viewpoint(_strip->currentIndex());
+}
+
+void ViewpointPanel::setCurrent(const BCFLib::Viewpoint *viewpoint)
+{
+    _strip->setCurrentIndex(_model->indexOf(viewpoint));
 }
 
 void ViewpointPanel::showCurrent()

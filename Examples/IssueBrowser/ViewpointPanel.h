@@ -6,6 +6,7 @@
 namespace BCFLib {
 class Comment;
 class Topic;
+class Viewpoint;
 }
 
 class ElementTableModel;
@@ -28,6 +29,9 @@ public:
     void setTopic(const BCFLib::Topic *topic);
     /// Goes to the viewpoint that @p comment speaks of, if any.
     void showViewpointOf(const BCFLib::Comment *comment);
+    /// The chosen viewpoint, or null.
+    const BCFLib::Viewpoint *current() const;
+    void setCurrent(const BCFLib::Viewpoint *viewpoint);
 
 private:
     void makeStrip();

@@ -1,0 +1,271 @@
+#include "Browser.h"
+#include "DiskLimit.h"
+#include "TestArchive.h"
+
+#include <Topic.h>
+
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QStandardPaths>
+
+namespace {
+
+const QByteArray fields = "<Title>T</Title><CreationAuthor>a</CreationAuthor>"
+                          "<CreationDate>2024-01-01T00:00:00Z</CreationDate>";
+
+/// The head of a markup that names an attachment.
+const QByteArray attachment = "<Header><File isExternal=\"false\"><Filename>a.txt</Filename></File></Header>";
+
+QString withAttachment(TestArchive &archive, const QByteArray &content)
+{
+    return archive.addTopic(fields, attachment).add("a.txt", content).write();
+}
+
+QString notice(const Browser &browser)
+{
+    const auto *const label = browser.part<QLabel>("notice");
+    return label->isVisible() ? label->text() : QString();
+}
+
+void edit(const Browser &browser)
+{
+    replaceText(browser.part<QLineEdit>("title"), "edited");
+}
+
+/// Chooses that name in the dialog that comes next.
+void choose(const QString &name)
+{
+    QTimer::singleShot(0, [name] {
+        auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        replaceText(dialog->findChild<QLineEdit *>("fileNameEdit"), name);
+    });
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+
+class TestIssueBrowserFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void unusableFiles_data();
+    void unusableFiles();
+    void notices_data();
+    void notices();
+    void failedSaves_data();
+    void failedSaves();
+    void savesInPlaceAndUnderOtherNames();
+    void closingAsksOnce_data();
+    void closingAsksOnce();
+    void closingDuringALoadOrASave();
+    void windowsKeepTheirAttachmentsApart();
+};
+
+void TestIssueBrowserFiles::unusableFiles_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("expected");
+
+    QFile file(sample);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QTest::newRow("missing") << QByteArray() << "There is no file";
+    QTest::newRow("empty") << QByteArray("") << "is empty";
+    QTest::newRow("no zip") << QByteArray("<html>") << "is no zip archive";
+    QTest::newRow("cut off") << file.read(5000) << "is cut off";
+    const TestArchive odd("2.1\"");
+    QFile damaged(odd.write());
+    QVERIFY(damaged.open(QIODevice::ReadOnly));
+    QTest::newRow("damaged version") << damaged.readAll() << "bcf.version in the archive is damaged";
+}
+
+void TestIssueBrowserFiles::unusableFiles()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, expected);
+
+    const TestArchive folder;
+    QFile file(folder.path("<i>.bcf"));
+    QVERIFY(content.isNull() || (file.open(QIODevice::WriteOnly) && file.write(content) >= 0));
+    file.close();
+    Browser browser(sample);
+    browser.openAndWait(file.fileName());
+    QVERIFY2(browser.message().contains(expected), qPrintable(browser.message()));
+    // What was there stays there.
+    QCOMPARE(browser.topics()->rowCount(), 3);
+    QVERIFY(browser.centralWidget()->isEnabled());
+}
+
+void TestIssueBrowserFiles::notices_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<QByteArray>("topic");
+    QTest::addColumn<QByteArray>("rest");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<bool>("canEdit");
+
+    QTest::newRow("nothing to say") << "2.1" << fields << QByteArray() << QString() << true;
+    QTest::newRow("another version") << "3.0" << fields << QByteArray() << "version 3.0" << true;
+    QTest::newRow("a topic without a title") << "2.1" << QByteArray() << QByteArray() << "no title" << true;
+    QTest::newRow("broken off") << "2.1" << fields << attachment << "\"a.txt\"" << false;
+}
+
+void TestIssueBrowserFiles::notices()
+{
+    QFETCH(const QString, version);
+    QFETCH(const QByteArray, topic);
+    QFETCH(const QByteArray, rest);
+    QFETCH(const QString, expected);
+    QFETCH(const bool, canEdit);
+
+    TestArchive archive(version);
+    Browser browser(archive.addTopic(topic, rest).write());
+    QCOMPARE(notice(browser).isEmpty(), expected.isEmpty());
+    QVERIFY2(notice(browser).contains(expected), qPrintable(notice(browser)));
+    for (const char *action : {"save", "saveAs", "newTopic", "deleteTopic"}) {
+        QCOMPARE(browser.part<QAction>(action)->isEnabled(), canEdit);
+    }
+    edit(browser);
+    browser.part<QPlainTextEdit>("draft")->setFocus();
+    QTest::keyClicks(browser.part<QPlainTextEdit>("draft"), "draft");
+    QCOMPARE(browser.title(0) == "edited", canEdit);
+    QCOMPARE(browser.save(archive.path("saved.bcf")), canEdit);
+    // Where nothing can be saved, nothing is asked.
+    QVERIFY(canEdit || browser.close());
+}
+
+void TestIssueBrowserFiles::failedSaves_data()
+{
+    QTest::addColumn<QByteArray>("rest");
+    QTest::addColumn<QString>("goal");
+    QTest::addColumn<QString>("expected");
+
+    const QByteArray imageless =
+        "<Viewpoints "
+        "Guid=\"v\"><Viewpoint>viewpoint.bcfv</Viewpoint><Snapshot>snapshot.png</Snapshot></Viewpoints>";
+    QTest::newRow("no folder") << QByteArray() << "none/x.bcf"
+                               << "There is no folder";
+    QTest::newRow("a folder in the way") << QByteArray() << "."
+                                         << "There is a folder of that name";
+    QTest::newRow("a folder of the system") << QByteArray() << "/proc/x.bcf"
+                                            << "Nothing can be written";
+    QTest::newRow("an attachment that is gone") << attachment << "x.bcf"
+                                                << "a.txt\" of topic";
+    QTest::newRow("an image that is missing") << imageless << "x.bcf"
+                                              << "lacks its image \"snapshot.png\"";
+    QTest::newRow("a full disk") << QByteArray() << "full.bcf"
+                                 << "has room for";
+}
+
+void TestIssueBrowserFiles::failedSaves()
+{
+    QFETCH(const QByteArray, rest);
+    QFETCH(const QString, goal);
+    QFETCH(const QString, expected);
+
+    TestArchive archive;
+    Browser browser(archive.addTopic(fields, rest).add("a.txt", "a").write());
+    const QDir cache(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    for (const QString &folder : cache.entryList({"window-*"}, QDir::Dirs)) {
+        QFile::remove(cache.filePath(folder + "/a.txt"));
+    }
+    const DiskLimit limit(goal == "full.bcf" ? 100 : 1000000);
+    edit(browser);
+    QVERIFY(!browser.save(QDir(archive.path(".")).filePath(goal)));
+    QVERIFY2(browser.message().contains(expected), qPrintable(browser.message()));
+    QVERIFY(browser.isWindowModified());
+    QCOMPARE(QDir(archive.path(".")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
+             QStringList("test.bcf"));
+}
+
+void TestIssueBrowserFiles::savesInPlaceAndUnderOtherNames()
+{
+    TestArchive archive;
+    Browser browser(archive.addTopic(fields).write());
+    edit(browser);
+    browser.trigger("save");
+    QVERIFY(!browser.isWindowModified());
+    QCOMPARE(TestArchive::load(archive.path())->topics().first()->title(), QString("edited"));
+    choose(archive.path("other"));
+    browser.trigger("saveAs");
+    QVERIFY(QFile::exists(archive.path("other.bcf")));
+    QCOMPARE(browser.windowTitle(), QString("other.bcf[*]"));
+
+    // An archive that was not read wholly doesn't take the place of its file.
+    TestArchive newer("3.0");
+    browser.openAndWait(newer.addTopic(fields).write());
+    edit(browser);
+    choose(newer.path("copy.bcf"));
+    browser.trigger("save");
+    QVERIFY(QFile::exists(newer.path("copy.bcf")));
+    QVERIFY(notice(browser).isEmpty());
+}
+
+void TestIssueBrowserFiles::closingAsksOnce_data()
+{
+    QTest::addColumn<bool>("isDraft");
+    QTest::addColumn<QMessageBox::StandardButton>("button");
+    for (const bool isDraft : {false, true}) {
+        const QByteArray kind = isDraft ? "draft " : "edit ";
+        QTest::newRow(kind + "saved") << isDraft << QMessageBox::Save;
+        QTest::newRow(kind + "discarded") << isDraft << QMessageBox::Discard;
+        QTest::newRow(kind + "kept") << isDraft << QMessageBox::Cancel;
+    }
+}
+
+void TestIssueBrowserFiles::closingAsksOnce()
+{
+    QFETCH(const bool, isDraft);
+    QFETCH(const QMessageBox::StandardButton, button);
+
+    TestArchive archive;
+    Browser browser(archive.addTopic(fields).write());
+    browser.part<QLineEdit>("author")->setText("me");
+    if (isDraft) {
+        browser.part<QPlainTextEdit>("draft")->setPlainText("typed");
+    } else {
+        // Not yet taken over by leaving the field.
+        QTest::keyClicks(browser.part<QLineEdit>("title"), "typed");
+    }
+    answer(button);
+    QCOMPARE(browser.close(), button != QMessageBox::Cancel);
+    const QByteArray markup = TestArchive::entry(archive.path(), "t/markup.bcf");
+    QCOMPARE(markup.contains("typed"), button == QMessageBox::Save);
+}
+
+void TestIssueBrowserFiles::closingDuringALoadOrASave()
+{
+    TestArchive archive;
+    archive.addTopic(fields).write();
+    Browser loading(sample);
+    loading.open(sample);
+    QVERIFY(loading.close());
+
+    Browser saving(archive.path());
+    edit(saving);
+    bool isClosed = true;
+    QTimer::singleShot(0, &saving, [&] { isClosed = saving.close(); });
+    saving.trigger("save");
+    QVERIFY(!isClosed);
+    QTRY_VERIFY(!saving.isVisible());
+    QCOMPARE(TestArchive::load(archive.path())->topics().first()->title(), QString("edited"));
+}
+
+void TestIssueBrowserFiles::windowsKeepTheirAttachmentsApart()
+{
+    TestArchive first;
+    TestArchive second;
+    Browser one(withAttachment(first, "one"));
+    Browser two(withAttachment(second, "two"));
+    QVERIFY(one.save(first.path("saved.bcf")));
+    QVERIFY(two.save(second.path("saved.bcf")));
+    QCOMPARE(TestArchive::entry(first.path("saved.bcf"), "a.txt"), QByteArray("one"));
+    QCOMPARE(TestArchive::entry(second.path("saved.bcf"), "a.txt"), QByteArray("two"));
+}
+
+QTEST_MAIN(TestIssueBrowserFiles)
+
+#include "TestIssueBrowserFiles.moc"
