@@ -314,10 +314,6 @@ in Richtung %2, oben %3</translation>
 <context>
     <name>MainWindow</name>
     <message>
-        <source>Topics: %1</source>
-        <translation>Themen: %1</translation>
-    </message>
-    <message>
         <source>BCF %1</source>
         <translation>BCF %1</translation>
     </message>

@@ -314,10 +314,6 @@ vers %2, haut %3</translation>
 <context>
     <name>MainWindow</name>
     <message>
-        <source>Topics: %1</source>
-        <translation>Sujets&#xa0;: %1</translation>
-    </message>
-    <message>
         <source>BCF %1</source>
         <translation>BCF %1</translation>
     </message>
