@@ -123,6 +123,7 @@ void TestIssueBrowserFiles::notices()
 
     TestArchive archive(version);
     Browser browser(archive.addTopic(topic, rest).write());
+    browser.part<QLineEdit>("author")->setText("me");
     QCOMPARE(notice(browser).isEmpty(), expected.isEmpty());
     QVERIFY2(notice(browser).contains(expected), qPrintable(notice(browser)));
     for (const char *action : {"save", "saveAs", "newTopic", "deleteTopic"}) {

@@ -230,6 +230,10 @@
         <source>A&amp;s</source>
         <translation>Al&amp;s</translation>
     </message>
+    <message>
+        <source>Your name</source>
+        <translation>Ihr Name</translation>
+    </message>
 </context>
 <context>
     <name>DisplayText</name>

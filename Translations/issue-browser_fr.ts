@@ -230,6 +230,10 @@
         <source>A&amp;s</source>
         <translation>Aut&amp;eur</translation>
     </message>
+    <message>
+        <source>Your name</source>
+        <translation>Votre nom</translation>
+    </message>
 </context>
 <context>
     <name>DisplayText</name>

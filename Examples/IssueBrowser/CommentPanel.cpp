@@ -60,6 +60,7 @@ CommentPanel::CommentPanel(ArchiveEditor *editor, QWidget *parent)
     _tree->viewport()->installEventFilter(this);
 
     _author->setCursorPosition(0);
+    _author->setPlaceholderText(tr("Your name"));
     _text->setPlaceholderText(tr("Write a comment"));
     _text->setTabChangesFocus(true);
     _text->setFixedHeight(_text->fontMetrics().lineSpacing() * draftLines);
@@ -91,6 +92,7 @@ void CommentPanel::connectParts()
     connect(_text, &QPlainTextEdit::textChanged, this, &CommentPanel::updateButtons);
     connect(_author, &QLineEdit::textChanged, _editor, &ArchiveEditor::setAuthor);
     connect(_author, &QLineEdit::textChanged, this, &CommentPanel::updateButtons);
+    connect(_author, &QLineEdit::textChanged, this, &CommentPanel::authorChanged);
     connect(_editor, &ArchiveEditor::edited, this, &CommentPanel::follow);
     connect(_model, &QAbstractItemModel::modelReset, _tree, &QTreeView::expandAll);
     connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
