@@ -27,12 +27,13 @@ void Comment::setGuid(const QString &guid)
 
 QDateTime Comment::date() const
 {
-    return _date;
+    return _isDateOfFile ? _date.toLocalTime() : _date;
 }
 
 void Comment::setDate(const QDateTime &date)
 {
     _date = date;
+    _isDateOfFile = false;
 }
 
 QString Comment::author() const
@@ -67,12 +68,13 @@ void Comment::setReplyToComment(Comment *replyToComment)
 
 QDateTime Comment::modifiedDate() const
 {
-    return _modifiedDate;
+    return _isModifiedDateOfFile ? _modifiedDate.toLocalTime() : _modifiedDate;
 }
 
 void Comment::setModifiedDate(const QDateTime &modifiedDate)
 {
     _modifiedDate = modifiedDate;
+    _isModifiedDateOfFile = false;
 }
 
 QString Comment::modifiedAuthor() const

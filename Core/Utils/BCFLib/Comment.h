@@ -106,6 +106,9 @@ private:
     QString _modifiedAuthor;
     QPointer<Topic> _topic;
     QPointer<Viewpoint> _viewpoint;
+    /// Whether a date is still as its file has it, see Topic.
+    bool _isDateOfFile = false;
+    bool _isModifiedDateOfFile = false;
 };
 
 } // namespace BCFLib

@@ -150,12 +150,13 @@ void Topic::setLabels(const QStringList &labels)
 
 QDateTime Topic::creationDate() const
 {
-    return _creationDate;
+    return _isCreationDateOfFile ? _creationDate.toLocalTime() : _creationDate;
 }
 
 void Topic::setCreationDate(const QDateTime &creationDate)
 {
     _creationDate = creationDate;
+    _isCreationDateOfFile = false;
 }
 
 QString Topic::creationAuthor() const
@@ -170,12 +171,13 @@ void Topic::setCreationAuthor(const QString &creationAuthor)
 
 QDateTime Topic::modifiedDate() const
 {
-    return _modifiedDate;
+    return _isModifiedDateOfFile ? _modifiedDate.toLocalTime() : _modifiedDate;
 }
 
 void Topic::setModifiedDate(const QDateTime &modifiedDate)
 {
     _modifiedDate = modifiedDate;
+    _isModifiedDateOfFile = false;
 }
 
 QString Topic::modifiedAuthor() const

@@ -271,6 +271,10 @@ private:
     QDateTime _modifiedDate;
     QString _modifiedAuthor;
     QString _assignedTo;
+    /// Whether a date is still as its file has it. It is turned into local time when it is asked for: that
+    /// takes longer than all else that is done with a date, and most are never asked for.
+    bool _isCreationDateOfFile = false;
+    bool _isModifiedDateOfFile = false;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
     std::unique_ptr<GuidHints> _commentHints;
     std::unique_ptr<GuidHints> _viewpointHints;

@@ -10,6 +10,7 @@ namespace BCFLib {
 void Comment::read(const QDomElement &element, QHash<Comment *, QString> &replies)
 {
     _date = Xml::childDate(element, QStringLiteral("Date"));
+    _isDateOfFile = true;
     _author = Xml::childText(element, QStringLiteral("Author"));
     _comment = Xml::childText(element, QStringLiteral("Comment"));
     const QString answeredGuid = Xml::childGuid(element, QStringLiteral("ReplyToComment"));
@@ -17,6 +18,7 @@ void Comment::read(const QDomElement &element, QHash<Comment *, QString> &replie
         replies.insert(this, answeredGuid);
     }
     _modifiedDate = Xml::childDate(element, QStringLiteral("ModifiedDate"));
+    _isModifiedDateOfFile = true;
     _modifiedAuthor = Xml::childText(element, QStringLiteral("ModifiedAuthor"));
 }
 

@@ -23,14 +23,10 @@ namespace BCFLib {
 namespace {
 
 /// The elements of a markup file of which there may be many.
-QStringList numerousElements()
+Xml::NumerousElements numerousElements()
 {
-    return {QStringLiteral("Comment"),
-            QStringLiteral("Header/File"),
-            QStringLiteral("Topic/Labels"),
-            QStringLiteral("Topic/DocumentReference"),
-            QStringLiteral("Topic/RelatedTopics"),
-            QStringLiteral("Viewpoints")};
+    return {"Comment",   "Header/File", "Topic/Labels", "Topic/DocumentReference", "Topic/RelatedTopics",
+            "Viewpoints"};
 }
 
 /// Whether an archive of that version is held in the classes of versions 2.0 and 1.0.
@@ -85,7 +81,7 @@ QStringList Topic::readHeader(QDomDocument &doc)
             Xml::attribute(element, QStringLiteral("IfcSpatialStructureElement")));
         file->setIsExternal(Xml::attribute(element, QStringLiteral("isExternal")) != QLatin1String("false"));
         file->setFilename(Xml::childText(element, QStringLiteral("Filename")));
-        file->setDate(QDateTime::fromString(Xml::childText(element, QStringLiteral("Date")), Qt::ISODate));
+        file->setDate(Xml::childDate(element, QStringLiteral("Date")));
         file->setReference(Xml::childText(element, QStringLiteral("Reference")));
         if (!file->isExternal() && !file->filename().isEmpty()) {
             const QString memberName = file->filename().remove(QStringLiteral("../"));
@@ -113,8 +109,10 @@ void Topic::readTopic(QDomDocument &doc, const QString &version)
     _index = index.isNull() ? -1 : index.text().toInt();
     _creationAuthor = Xml::childText(topic, QStringLiteral("CreationAuthor"));
     _creationDate = Xml::childDate(topic, QStringLiteral("CreationDate"));
+    _isCreationDateOfFile = true;
     _modifiedAuthor = Xml::childText(topic, QStringLiteral("ModifiedAuthor"));
     _modifiedDate = Xml::childDate(topic, QStringLiteral("ModifiedDate"));
+    _isModifiedDateOfFile = true;
     Xml::takeChildren(topic, QStringLiteral("Labels"),
                       [&](const QDomElement &label) { _labels.append(label.text()); });
     _assignedTo = Xml::childText(topic, QStringLiteral("AssignedTo"));
@@ -160,7 +158,7 @@ void Topic::fillMissingFields()
         _creationAuthor = unknown;
     }
     if (!_creationDate.isValid()) {
-        _creationDate = QDateTime::currentDateTime();
+        setCreationDate(QDateTime::currentDateTime());
     }
 }
 

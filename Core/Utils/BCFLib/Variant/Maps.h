@@ -31,6 +31,14 @@ void insertFormsIfNotEmpty(QVariantMap &map, const QString &key, const List &obj
     }
 }
 
+/// The list that a value holds. Of a text, which Qt 6 takes for a list of characters, nothing.
+inline QVariantList toList(const QVariant &value)
+{
+    const bool isText =
+        value.userType() == QMetaType::QString || value.userType() == QMetaType::QByteArray;
+    return isText ? QVariantList() : value.toList();
+}
+
 /// Dates are passed on in the time zone that they are in, as far as whole seconds tell them.
 inline QString fromDate(const QDateTime &date)
 {

@@ -8,7 +8,7 @@ QVariant Comment::toQVariant() const
 {
     QVariantMap map;
     map.insert(QStringLiteral("guid"), guid());
-    map.insert(QStringLiteral("date"), Variants::fromDate(_date));
+    map.insert(QStringLiteral("date"), Variants::fromDate(date()));
     map.insert(QStringLiteral("author"), _author);
     map.insert(QStringLiteral("comment"), _comment);
     map.insert(QStringLiteral("topic_guid"), _topic ? _topic->guid() : QString());
@@ -19,7 +19,7 @@ QVariant Comment::toQVariant() const
         map.insert(QStringLiteral("reply_to_comment_guid"), _replyToComment->guid());
     }
     if (_modifiedDate.isValid()) {
-        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate));
+        map.insert(QStringLiteral("modified_date"), Variants::fromDate(modifiedDate()));
     }
     Variants::insertIfNotEmpty(map, QStringLiteral("modified_author"), _modifiedAuthor);
     return map;
@@ -29,7 +29,7 @@ void Comment::fromQVariant(const QVariant &variant)
 {
     const QVariantMap map = variant.toMap();
     setGuid(map.value(QStringLiteral("guid")).toString());
-    _date = Variants::toDate(map.value(QStringLiteral("date")));
+    setDate(Variants::toDate(map.value(QStringLiteral("date"))));
     _author = map.value(QStringLiteral("author")).toString();
     _comment = map.value(QStringLiteral("comment")).toString();
     if (map.contains(QStringLiteral("viewpoint_guid"))) {
@@ -40,7 +40,7 @@ void Comment::fromQVariant(const QVariant &variant)
         const QString answeredGuid = map.value(QStringLiteral("reply_to_comment_guid")).toString();
         _replyToComment = _topic ? _topic->comment(answeredGuid) : nullptr;
     }
-    _modifiedDate = Variants::toDate(map.value(QStringLiteral("modified_date")));
+    setModifiedDate(Variants::toDate(map.value(QStringLiteral("modified_date"))));
     _modifiedAuthor = map.value(QStringLiteral("modified_author")).toString();
 }
 

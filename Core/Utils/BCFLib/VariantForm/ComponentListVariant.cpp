@@ -1,4 +1,5 @@
 #include "BCF_2_0_Viewpoint.h"
+#include "Variant/Maps.h"
 
 #include <QVariantMap>
 
@@ -15,7 +16,7 @@ QString guidOf(const QVariantMap &form)
 QList<QVariantMap> namedForms(const QVariant &list)
 {
     QList<QVariantMap> forms;
-    for (const QVariant &value : list.toList()) {
+    for (const QVariant &value : BCFLib::Variants::toList(list)) {
         const QVariantMap form = value.toMap();
         if (!guidOf(form).isEmpty()) {
             forms.append(form);
@@ -75,7 +76,7 @@ void Viewpoint::componentsFromQVariant(const QMap<QString, QVariant> &map)
     for (const QVariantMap &form : namedForms(map.value(QStringLiteral("selection")))) {
         getOrCreateComponent(form)->setSelected(Tavrin::BooleanTrue);
     }
-    for (const QVariant &value : map.value(QStringLiteral("coloring")).toList()) {
+    for (const QVariant &value : BCFLib::Variants::toList(map.value(QStringLiteral("coloring")))) {
         const QVariantMap group = value.toMap();
         QString color = group.value(QStringLiteral("color")).toString();
         if (color.startsWith(QLatin1Char('#'))) {

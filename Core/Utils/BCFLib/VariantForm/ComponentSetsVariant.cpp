@@ -68,7 +68,7 @@ QList<QVariant> Components::componentListToVariant(const QList<Component *> &lis
 QList<Component *> Components::variantToComponentList(const QVariant &value)
 {
     _arriving.clear();
-    for (const QVariant &form : value.toList()) {
+    for (const QVariant &form : Variants::toList(value)) {
         const QVariantMap map = form.toMap();
         if (map.contains(QStringLiteral("ifc_guid"))) {
             Component *component = new Component(map.value(QStringLiteral("ifc_guid")).toString(), this);

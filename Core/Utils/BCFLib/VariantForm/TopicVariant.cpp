@@ -26,10 +26,10 @@ QVariant Topic::toQVariant() const
     if (!_labels.isEmpty()) {
         map.insert(QStringLiteral("labels"), _labels);
     }
-    map.insert(QStringLiteral("creation_date"), Variants::fromDate(_creationDate));
+    map.insert(QStringLiteral("creation_date"), Variants::fromDate(creationDate()));
     map.insert(QStringLiteral("creation_author"), _creationAuthor);
     if (!_modifiedDate.isNull()) {
-        map.insert(QStringLiteral("modified_date"), Variants::fromDate(_modifiedDate));
+        map.insert(QStringLiteral("modified_date"), Variants::fromDate(modifiedDate()));
     }
     Variants::insertIfNotEmpty(map, QStringLiteral("modified_author"), _modifiedAuthor);
     Variants::insertIfNotEmpty(map, QStringLiteral("assigned_to"), _assignedTo);
@@ -50,7 +50,7 @@ void Topic::fromQVariant(const QVariant &variant)
     const QVariantMap map = variant.toMap();
     setGuid(guidOrNewId(map.value(QStringLiteral("guid")).toString()));
     _title = map.value(QStringLiteral("title")).toString();
-    _creationDate = Variants::toDate(map.value(QStringLiteral("creation_date")));
+    setCreationDate(Variants::toDate(map.value(QStringLiteral("creation_date"))));
     _creationAuthor = map.value(QStringLiteral("creation_author")).toString();
     _topicType = map.value(QStringLiteral("topic_type")).toString();
     _topicStatus = map.value(QStringLiteral("topic_status")).toString();
@@ -58,7 +58,7 @@ void Topic::fromQVariant(const QVariant &variant)
     _priority = map.value(QStringLiteral("priority")).toString();
     _index = map.value(QStringLiteral("index"), -1).toInt();
     _labels = map.value(QStringLiteral("labels")).toStringList();
-    _modifiedDate = Variants::toDate(map.value(QStringLiteral("modified_date")));
+    setModifiedDate(Variants::toDate(map.value(QStringLiteral("modified_date"))));
     _modifiedAuthor = map.value(QStringLiteral("modified_author")).toString();
     _assignedTo = map.value(QStringLiteral("assigned_to")).toString();
     _description = map.value(QStringLiteral("description")).toString();
@@ -66,10 +66,10 @@ void Topic::fromQVariant(const QVariant &variant)
     removeComments();
     removeViewpoints();
     // Viewpoints before comments, which look up the viewpoint that they speak of.
-    for (const QVariant &form : map.value(QStringLiteral("viewpoints")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("viewpoints")))) {
         addViewpoint(QString())->fromQVariant(form);
     }
-    for (const QVariant &form : map.value(QStringLiteral("comments")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("comments")))) {
         addComment(QString())->fromQVariant(form);
     }
 }
@@ -81,15 +81,15 @@ void Topic::attachmentsFromQVariant(const QVariantMap &map)
         addBimSnippet()->fromQVariant(map.value(QStringLiteral("bim_snippet")));
     }
     removeFiles();
-    for (const QVariant &form : map.value(QStringLiteral("files")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("files")))) {
         addFile()->fromQVariant(form);
     }
     removeDocumentReferences();
-    for (const QVariant &form : map.value(QStringLiteral("document_references")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("document_references")))) {
         addDocumentReference(QString())->fromQVariant(form);
     }
     removeRelatedTopics();
-    for (const QVariant &form : map.value(QStringLiteral("related_topics")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("related_topics")))) {
         addRelatedTopic(form.toString());
     }
 }

@@ -5,6 +5,7 @@
 #include "Components.h"
 #include "Line.h"
 #include "Topic.h"
+#include "Variant/Maps.h"
 
 #include <Core/Utils/Utility/Vec3dVariant.h>
 #include <QVariantMap>
@@ -151,19 +152,19 @@ void Viewpoint::snapshotFromQVariant(const QMap<QString, QVariant> &map)
 
 void Viewpoint::geometryFromQVariant(const QMap<QString, QVariant> &map)
 {
-    for (const QVariant &form : map.value(QStringLiteral("lines")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("lines")))) {
         const QVariantMap lineMap = form.toMap();
         Line *line = addLine();
         line->setStartPoint(pointFromForm(lineMap, QStringLiteral("start_point")));
         line->setEndPoint(pointFromForm(lineMap, QStringLiteral("end_point")));
     }
-    for (const QVariant &form : map.value(QStringLiteral("clipping_planes")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("clipping_planes")))) {
         const QVariantMap planeMap = form.toMap();
         ClippingPlane *plane = addClippingPlane();
         plane->setLocation(pointFromForm(planeMap, QStringLiteral("location")));
         plane->setDirection(pointFromForm(planeMap, QStringLiteral("direction")));
     }
-    for (const QVariant &form : map.value(QStringLiteral("bitmaps")).toList()) {
+    for (const QVariant &form : Variants::toList(map.value(QStringLiteral("bitmaps")))) {
         const QVariantMap bitmapMap = form.toMap();
         Bitmap *bitmap = addBitmap();
         bitmap->setBitmapFormat(

@@ -24,18 +24,18 @@ bool isOwnClass(const Viewpoint &viewpoint)
 }
 
 /// The elements of a viewpoint file of which there may be many, in either form of the references.
-QStringList numerousElements(const Viewpoint &viewpoint)
+Xml::NumerousElements numerousElements(const Viewpoint &viewpoint)
 {
     if (!isOwnClass(viewpoint)) {
         return {};
     }
-    return {QStringLiteral("Bitmaps"),
-            QStringLiteral("ClippingPlanes/ClippingPlane"),
-            QStringLiteral("Components/Component"),
-            QStringLiteral("Components/Coloring/Color/Component"),
-            QStringLiteral("Components/Selection/Component"),
-            QStringLiteral("Components/Visibility/Exceptions/Component"),
-            QStringLiteral("Lines/Line")};
+    return {"Bitmaps",
+            "ClippingPlanes/ClippingPlane",
+            "Components/Component",
+            "Components/Coloring/Color/Component",
+            "Components/Selection/Component",
+            "Components/Visibility/Exceptions/Component",
+            "Lines/Line"};
 }
 
 /// Stores the number that the child of that name holds; 0 if it is no number. False if there is none.

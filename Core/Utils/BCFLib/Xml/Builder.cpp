@@ -1,11 +1,9 @@
 #include "Builder.h"
 
 #include "Io/Limits.h"
-#include "TextRuns.h"
 
 #include <QString>
 #include <algorithm>
-#include <cstring>
 #include <new>
 #include <utility>
 
@@ -42,9 +40,12 @@ struct Callbacks
                                                                  QString::fromUtf8(text)));
         });
     }
-    static void unknownEntity(void *data, const char *name, int /*isParameterEntity*/)
+    static void unknownEntity(void *data, const char *name, int isOfDocumentType)
     {
         Builder *b = builder(data);
+        if (isOfDocumentType != 0) {
+            return;
+        }
         b->run([=] { b->addNode(b->_document->createEntityReference(QString::fromUtf8(name))); });
     }
     static void beginCData(void *data)
@@ -53,12 +54,7 @@ struct Callbacks
     }
     static void endCData(void *data)
     {
-        Builder *b = builder(data);
-        b->run([=] {
-            b->flushRun();
-            b->append(b->_document->createCDATASection(QString::fromUtf8(std::exchange(b->_text, {}))));
-            b->_isSolid = false;
-        });
+        builder(data)->run([=] { builder(data)->endCData(); });
     }
     static void entityDeclaration(void *data, const char *, int, const char *, int, const char *,
                                   const char *, const char *, const char *)
@@ -69,59 +65,35 @@ struct Callbacks
     {
         builder(data)->refuse();
     }
-    static void startKept(void *data, const char * /*name*/, const char **attributes)
-    {
-        builder(data)->run([=] { builder(data)->startKept(attributes); });
-    }
-    static void endKept(void *data, const char * /*name*/)
-    {
-        builder(data)->run([=] { builder(data)->endKept(); });
-    }
-    static void keep(void *data, const char *text, int length)
-    {
-        builder(data)->run([=] { builder(data)->keep(text, length); });
-    }
 };
 
-Builder::Builder(QDomDocument *document, const QDomNode &parent, const QStringList &numerousElements)
+Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousElements)
     : _parser(XML_ParserCreate("UTF-8"), XML_ParserFree)
     , _document(document)
-    , _node(parent)
-{
-    if (_parser == nullptr) {
-        throw std::bad_alloc();
-    }
-    for (const QString &path : numerousElements) {
-        _numerous.push_back(path.toUtf8());
-    }
-    std::sort(_numerous.begin(), _numerous.end());
-    XML_SetUserData(_parser.get(), this);
-    // As if there were declarations elsewhere, so that an unknown entity is no error.
-    XML_UseForeignDTD(_parser.get(), XML_TRUE);
-    XML_SetEntityDeclHandler(_parser.get(), Callbacks::entityDeclaration);
-    XML_SetAttlistDeclHandler(_parser.get(), Callbacks::attributeDeclaration);
-    setHandlers();
-}
-
-void Builder::setHandlers()
+    , _node(*document)
+    , _numerous(std::move(numerousElements))
 {
     XML_Parser parser = _parser.get();
-    const bool isKeeping = _keptDepth > 0;
-    // What has no handler of its own goes to the default one as it stands.
-    XML_SetDefaultHandlerExpand(parser, isKeeping ? Callbacks::keep : nullptr);
-    XML_SetElementHandler(parser, isKeeping ? Callbacks::startKept : Callbacks::startElement,
-                          isKeeping ? Callbacks::endKept : Callbacks::endElement);
-    XML_SetCharacterDataHandler(parser, isKeeping ? nullptr : Callbacks::text);
-    XML_SetCommentHandler(parser, isKeeping ? nullptr : Callbacks::comment);
-    XML_SetProcessingInstructionHandler(parser, isKeeping ? nullptr : Callbacks::instruction);
-    XML_SetCdataSectionHandler(parser, isKeeping ? nullptr : Callbacks::beginCData,
-                               isKeeping ? nullptr : Callbacks::endCData);
-    XML_SetSkippedEntityHandler(parser, isKeeping ? nullptr : Callbacks::unknownEntity);
+    if (parser == nullptr) {
+        throw std::bad_alloc();
+    }
+    XML_SetUserData(parser, this);
+    XML_SetElementHandler(parser, Callbacks::startElement, Callbacks::endElement);
+    XML_SetCharacterDataHandler(parser, Callbacks::text);
+    XML_SetCdataSectionHandler(parser, Callbacks::beginCData, Callbacks::endCData);
+    XML_SetCommentHandler(parser, Callbacks::comment);
+    XML_SetProcessingInstructionHandler(parser, Callbacks::instruction);
+    XML_SetSkippedEntityHandler(parser, Callbacks::unknownEntity);
+    // As if there were declarations elsewhere, so that an unknown entity is no error.
+    XML_UseForeignDTD(parser, XML_TRUE);
+    XML_SetEntityDeclHandler(parser, Callbacks::entityDeclaration);
+    XML_SetAttlistDeclHandler(parser, Callbacks::attributeDeclaration);
 }
 
-bool Builder::parse(const QByteArray &text, bool isLast)
+bool Builder::parse(std::string_view text, bool isLast)
 {
-    const XML_Status status = XML_Parse(_parser.get(), text.constData(), text.size(), isLast ? 1 : 0);
+    const XML_Status status =
+        XML_Parse(_parser.get(), text.data(), static_cast<int>(text.size()), isLast ? 1 : 0);
     if (_exception != nullptr) {
         std::rethrow_exception(_exception);
     }
@@ -131,23 +103,25 @@ bool Builder::parse(const QByteArray &text, bool isLast)
     return status == XML_STATUS_OK && !_isRefused && !holdsTooManyAttributes(text);
 }
 
-bool Builder::holdsTooManyAttributes(const QByteArray &text)
+/// A tag comes as a whole, whatever it holds: what makes it long is looked at before it ends.
+bool Builder::holdsTooManyAttributes(std::string_view text)
 {
-    _bytes += text.size();
+    const qint64 size = static_cast<qint64>(text.size());
+    _bytes += size;
     const qint64 unfinished = _bytes - XML_GetCurrentByteIndex(_parser.get());
     int offset = 0;
-    int size = 0;
-    const char *context = XML_GetInputContext(_parser.get(), &offset, &size);
-    const bool isTag = context != nullptr && offset + 1 < size && context[offset] == '<'
+    int contextSize = 0;
+    const char *context = XML_GetInputContext(_parser.get(), &offset, &contextSize);
+    const bool isTag = context != nullptr && offset + 1 < contextSize && context[offset] == '<'
         && context[offset + 1] != '!' && context[offset + 1] != '?';
-    if (!isTag || unfinished <= text.size()) {
+    if (!isTag || unfinished <= size) {
         _quotes = 0;
     }
     if (!isTag) {
         return false;
     }
-    const char *end = text.constData() + text.size();
-    const char *begin = end - qMin<qint64>(unfinished, text.size());
+    const auto end = text.end();
+    const auto begin = end - qMin(unfinished, size);
     _quotes += std::count(begin, end, '"') + std::count(begin, end, '\'');
     return _quotes > 2 * Limits::xmlAttributes;
 }
@@ -181,92 +155,54 @@ void Builder::count(qint64 nodes)
     }
 }
 
-/// Counts an element that begins.
-void Builder::enter(const char **attributes)
-{
-    int attributeCount = 0;
-    for (; attributes[2 * attributeCount] != nullptr; ++attributeCount) {
-    }
-    count(1 + attributeCount);
-    if (++_depth > Limits::xmlDepth || attributeCount > Limits::xmlAttributes) {
-        refuse();
-    }
-}
-
 void Builder::startElement(const char *name, const char **attributes)
 {
     flushText();
-    enter(attributes);
+    const int attributeCount = XML_GetSpecifiedAttributeCount(_parser.get()) / 2;
+    count(1 + attributeCount);
+    if (++_depth > Limits::xmlDepth || attributeCount > Limits::xmlAttributes) {
+        refuse();
+        return;
+    }
     if (_depth > 1) {
         _path += '/';
         _path += name;
     }
-    if (isNumerous() && ++_numerousCount > TextRuns::fewElements) {
-        if (_run.size() >= TextRuns::largeRun || _runName != QLatin1String(name)) {
+    if (_runDepth > 0 || (isNumerous() && ++_numerousCount > ElementRun::fewElements)) {
+        if (_runDepth == 0 && (_run.size() >= ElementRun::largeRun || _run.name() != name)) {
             flushRun();
-            _runName = QString::fromUtf8(name);
         }
-        _keptDepth = 1;
-        setHandlers();
-        XML_DefaultCurrent(_parser.get());
+        ++_runDepth;
+        _run.beginElement(name, attributes);
         return;
     }
     flushRun();
-    QDomElement element = _document->createElement(nameOf(name));
-    for (const char **attribute = attributes; *attribute != nullptr; attribute += 2) {
-        element.setAttribute(nameOf(attribute[0]), QString::fromUtf8(attribute[1]));
+    QDomElement element = _document->createElement(_names.of(name));
+    for (; *attributes != nullptr; attributes += 2) {
+        element.setAttribute(_names.of(attributes[0]), QString::fromUtf8(attributes[1]));
     }
-    _node = _node.appendChild(element);
-    if (_node.isNull()) {
-        refuse();
-    }
+    append(element);
+    _node = element;
 }
 
 void Builder::endElement()
 {
     flushText();
-    flushRun();
-    _node = _node.parentNode();
-    leave();
-}
-
-void Builder::leave()
-{
+    if (_runDepth > 0) {
+        --_runDepth;
+        _run.endElement();
+    } else {
+        flushRun();
+        _node = _node.parentNode();
+    }
     --_depth;
-    _path.truncate(qMax(0, _path.lastIndexOf('/')));
+    _path.resize(_depth > 0 ? _path.rfind('/') : 0);
 }
 
 bool Builder::isNumerous() const
 {
-    // The path begins with a slash.
-    return _depth > 1
-        && std::binary_search(_numerous.begin(), _numerous.end(),
-                              QByteArray::fromRawData(_path.constData() + 1, _path.size() - 1));
-}
-
-void Builder::startKept(const char **attributes)
-{
-    enter(attributes);
-    ++_keptDepth;
-    XML_DefaultCurrent(_parser.get());
-}
-
-void Builder::endKept()
-{
-    XML_DefaultCurrent(_parser.get());
-    if (--_keptDepth > 0) {
-        --_depth;
-    } else {
-        leave();
-        setHandlers();
-    }
-}
-
-void Builder::keep(const char *text, int length)
-{
-    // A reference to an unknown entity becomes a node of its own.
-    count(*text == '&' ? 1 : 0);
-    _run.append(text, length);
+    const std::string_view path = std::string_view(_path).substr(_depth > 1 ? 1 : 0);
+    return std::find(_numerous.begin(), _numerous.end(), path) != _numerous.end();
 }
 
 void Builder::addText(const char *text, int length)
@@ -276,56 +212,65 @@ void Builder::addText(const char *text, int length)
     const char *context = XML_GetInputContext(_parser.get(), &offset, &size);
     // Somebody who writes a blank as a reference means it.
     _isSolid |= context != nullptr && context[offset] == '&';
-    _text.append(text, length);
-}
-
-void Builder::addNode(const QDomNode &node)
-{
-    flushText();
-    flushRun();
-    append(node);
-}
-
-void Builder::append(const QDomNode &node)
-{
-    count(1);
-    // Where a host has documents refuse names and texts, a node may not come to be.
-    if (_node.appendChild(node).isNull()) {
-        refuse();
-    }
+    _text.append(text, static_cast<std::size_t>(length));
 }
 
 void Builder::flushText()
 {
-    if (_text.isEmpty()) {
+    if (_text.empty()) {
         return;
     }
-    const QString text = QString::fromUtf8(std::exchange(_text, {}));
-    const bool isBlank = std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
-    if (!isBlank || _isSolid) {
+    const QString text = QString::fromUtf8(_text.data(), static_cast<int>(_text.size()));
+    const bool isBlank =
+        !_isSolid && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
+    if (!isBlank && _runDepth > 0) {
+        _run.addText(_text);
+    } else if (!isBlank) {
         flushRun();
+        count(1);
         append(_document->createTextNode(text));
     }
+    _text.clear();
     _isSolid = false;
+}
+
+void Builder::endCData()
+{
+    if (_runDepth > 0) {
+        _run.addText(_text);
+    } else {
+        addNode(_document->createCDATASection(QString::fromUtf8(std::exchange(_text, {}).c_str())));
+    }
+    _text.clear();
+    _isSolid = false;
+}
+
+/// Appends a comment or the like.
+void Builder::addNode(const QDomNode &node)
+{
+    flushText();
+    count(1);
+    if (_runDepth > 0) {
+        _run.addOtherNode();
+    } else {
+        flushRun();
+        append(node);
+    }
 }
 
 void Builder::flushRun()
 {
     if (!_run.isEmpty()) {
-        _node.appendChild(TextRuns::create(_document, _runName, QString::fromUtf8(_run)));
-        _run.resize(0);
+        _node.appendChild(_run.take(_document));
     }
 }
 
-/// The name as a text, which all nodes of that name share.
-QString Builder::nameOf(const char *utf8)
+void Builder::append(const QDomNode &node)
 {
-    const size_t length = std::strlen(utf8);
-    QString &known = _names[(static_cast<uchar>(utf8[0]) + 7 * length) % _names.size()];
-    if (known != QLatin1String(utf8, static_cast<int>(length))) {
-        known = QString::fromUtf8(utf8);
+    // Where a host has documents refuse names and texts, a node may not come to be.
+    if (_node.appendChild(node).isNull()) {
+        refuse();
     }
-    return known;
 }
 
 } // namespace Xml

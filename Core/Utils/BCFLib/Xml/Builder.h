@@ -1,74 +1,71 @@
 #ifndef BCFLIB_XML_BUILDER_H
 #define BCFLIB_XML_BUILDER_H
 
-#include <QByteArray>
+#include "ElementRun.h"
+#include "Names.h"
+
 #include <QDomDocument>
-#include <QStringList>
-#include <array>
 #include <exception>
 #include <expat.h>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace BCFLib {
 namespace Xml {
 
-/// Builds a document, or a part of one, from XML text that comes in pieces.
+/// Builds a document from XML text that comes in pieces.
 ///
 /// Refuses what passes the bounds of Limits or declares entities or attributes.
 class Builder
 {
 public:
-    /// Appends to @p parent, which is @p document or stands in it. Numerous elements are named by their path
-    /// below the root.
-    Builder(QDomDocument *document, const QDomNode &parent, const QStringList &numerousElements = {});
+    /// Appends to @p document. Numerous elements, which are kept in runs, are named by their path below the
+    /// root.
+    Builder(QDomDocument *document, std::vector<std::string_view> numerousElements);
 
     /// Parses the next piece of UTF-8. False, once and for all, if it is malformed or refused.
-    bool parse(const QByteArray &text, bool isLast);
+    bool parse(std::string_view text, bool isLast);
 
 private:
     friend struct Callbacks;
 
     void startElement(const char *name, const char **attributes);
     void endElement();
-    void startKept(const char **attributes);
-    void endKept();
-    void keep(const char *text, int length);
     void addText(const char *text, int length);
+    void endCData();
     void addNode(const QDomNode &node);
 
     template<class Work>
     void run(const Work &work);
     void refuse();
-    void setHandlers();
-    void enter(const char **attributes);
-    void leave();
     void count(qint64 nodes);
-    bool holdsTooManyAttributes(const QByteArray &text);
+    bool holdsTooManyAttributes(std::string_view text);
     bool isNumerous() const;
 
     void append(const QDomNode &node);
     void flushText();
     void flushRun();
-    QString nameOf(const char *utf8);
 
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> _parser;
     QDomDocument *_document;
-    /// The element that is open; its depth, and its path below the root.
+    Names _names;
+    /// The element that is open, or the document.
     QDomNode _node;
     int _depth = 0;
-    QByteArray _path;
-    /// Text that no node holds yet, and whether any of it is sure to count.
-    QByteArray _text;
+    /// The names of the open elements below the root, each with a slash in front.
+    std::string _path;
+    /// Text that no node holds yet, and whether it counts though it may be blank.
+    std::string _text;
     bool _isSolid = false;
 
-    std::vector<QByteArray> _numerous;
+    std::vector<std::string_view> _numerous;
     int _numerousCount = 0;
-    QByteArray _run;
-    QString _runName;
-    int _keptDepth = 0;
+    ElementRun _run;
+    /// How many elements of the run are open.
+    int _runDepth = 0;
 
-    std::array<QString, 64> _names;
     qint64 _nodes = 0;
     qint64 _bytes = 0;
     /// Quotation marks in a tag that has not ended yet.

@@ -1,91 +1,162 @@
 #include "Decoder.h"
 
+#include <QByteArray>
 #include <QChar>
-#include <QString>
+#include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cstring>
 #include <new>
 
 namespace BCFLib {
 
 namespace {
 
-const char replacement[] = "\xEF\xBF\xBD";
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// An encoding counts only if it is declared within so many bytes.
-constexpr int longestDeclaration = 1024;
+constexpr std::size_t longestDeclaration = 1024;
 
-/// The longest reference to a character that is looked at, with some zeros to spare. Two can make a pair.
-constexpr int longestReference = 32;
+/// The longest reference to a character that is looked at, with some zeros to spare.
+constexpr std::size_t longestReference = 32;
 
-bool isBlank(char c)
+constexpr std::string_view blanks = " \t\n\r";
+
+bool startsWith(std::string_view text, std::string_view beginning)
 {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+    return text.substr(0, beginning.size()) == beginning;
+}
+
+std::string_view withoutBlanksInFront(std::string_view text)
+{
+    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
 }
 
 /// The encoding that the first bytes have by their form; null if it is one that extends ASCII.
-const char *encodingByForm(const QByteArray &bytes)
+const char *encodingByForm(std::string_view bytes)
 {
-    const auto isAt = [&bytes](const char *begin, int size) {
-        return bytes.size() >= size && std::memcmp(bytes.constData(), begin, static_cast<size_t>(size)) == 0;
+    using namespace std::string_view_literals;
+    struct Form
+    {
+        std::string_view bytes;
+        const char *encoding;
     };
-    if (isAt("\xFF\xFE\0\0", 4) || isAt("\0\0\xFE\xFF", 4)) {
-        return "UTF-32";
+    for (const Form &form : {Form{"\xFF\xFE\0\0"sv, "UTF-32"},
+                             {"\0\0\xFE\xFF"sv, "UTF-32"},
+                             {"\xFF\xFE"sv, "UTF-16"},
+                             {"\xFE\xFF"sv, "UTF-16"},
+                             {byteOrderMark, "UTF-8"},
+                             {"<\0\0\0"sv, "UTF-32LE"},
+                             {"\0\0\0<"sv, "UTF-32BE"},
+                             {"<\0"sv, "UTF-16LE"},
+                             {"\0<"sv, "UTF-16BE"}}) {
+        if (startsWith(bytes, form.bytes)) {
+            return form.encoding;
+        }
     }
-    if (isAt("\xFF\xFE", 2) || isAt("\xFE\xFF", 2)) {
-        return "UTF-16";
-    }
-    if (isAt("\xEF\xBB\xBF", 3)) {
-        return "UTF-8";
-    }
-    if (bytes.size() < 4 || (bytes.at(0) == 0) == (bytes.at(1) == 0)) {
-        return isAt("\0\0\0", 3) ? "UTF-32BE" : nullptr;
-    }
-    if (bytes.at(1) == 0) {
-        return bytes.at(2) == 0 && bytes.at(3) == 0 ? "UTF-32LE" : "UTF-16LE";
-    }
-    return "UTF-16BE";
+    return nullptr;
 }
 
 /// The encoding that the declaration at the beginning of some bytes names; empty without.
-QByteArray declaredEncoding(const QByteArray &bytes)
+QByteArray declaredEncoding(std::string_view bytes)
 {
-    const QByteArray beginning = bytes.left(longestDeclaration).trimmed();
-    if (!beginning.startsWith("<?xml")) {
+    const std::string_view beginning = withoutBlanksInFront(bytes.substr(0, longestDeclaration));
+    if (!startsWith(beginning, "<?xml")) {
         return QByteArray();
     }
-    const QByteArray declaration = beginning.left(beginning.indexOf("?>"));
-    const int at = declaration.indexOf("encoding");
-    QByteArray value = at < 0 ? QByteArray() : declaration.mid(at + 8).trimmed();
-    value = value.startsWith('=') ? value.mid(1).trimmed() : QByteArray();
-    const QByteArray name = value.mid(1, qMax(0, value.indexOf(value.left(1), 1) - 1)).toUpper();
+    const std::string_view declaration = beginning.substr(0, beginning.find("?>"));
+    const std::size_t at = declaration.find("encoding");
+    const std::size_t begin = at == std::string_view::npos ? at : declaration.find_first_of("\"'", at);
+    if (begin == std::string_view::npos) {
+        return QByteArray();
+    }
+    const std::string_view value = declaration.substr(begin + 1);
+    const std::string_view name = value.substr(0, value.find(declaration[begin]));
+    const QByteArray encoding = QByteArray(name.data(), static_cast<int>(name.size())).toUpper();
     // Bytes of these would not begin with a readable declaration.
-    const bool isWide = name.startsWith("UTF-16") || name.startsWith("UTF-32") || name.startsWith("UCS")
-        || name.startsWith("ISO-10646");
-    return isWide ? QByteArray() : name;
+    const bool isWide = encoding.startsWith("UTF-16") || encoding.startsWith("UTF-32")
+        || encoding.startsWith("UCS") || encoding.startsWith("ISO-10646");
+    return isWide ? QByteArray() : encoding;
 }
 
-/// The number of the character that a reference at the beginning of a text names.
+/// What has to be looked at more closely.
+enum Kind : unsigned char { Plain, NotAscii = 1, Control = 2, Markup = 4 };
+
+unsigned char kindsIn(std::string_view text)
+{
+    static constexpr std::array<unsigned char, 256> kinds = [] {
+        std::array<unsigned char, 256> result{};
+        for (std::size_t c = 0; c < result.size(); ++c) {
+            const bool isBlank = c == '\t' || c == '\n' || c == '\r';
+            // Sections begin with "<!" or "<?", references to characters with "&#".
+            const bool isMarkup = c == '!' || c == '?' || c == '#';
+            result[c] = c >= 0x80 ? NotAscii : c < 0x20 && !isBlank ? Control : isMarkup ? Markup : Plain;
+        }
+        return result;
+    }();
+    unsigned char all = Plain;
+    for (const char c : text) {
+        all |= kinds[static_cast<unsigned char>(c)];
+    }
+    return all;
+}
+
+/// The length of the longest beginning that is UTF-8, U+FFFE and U+FFFF aside, which are no text.
+std::size_t lengthOfUtf8(std::string_view text)
+{
+    const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const unsigned first = byte(at);
+        if (first < 0x80) {
+            ++at;
+            continue;
+        }
+        const std::size_t length = first < 0xC2 || first > 0xF4 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+        if (length == 0 || at + length > text.size()) {
+            return at;
+        }
+        unsigned code = first & (0x7FU >> length);
+        for (std::size_t i = 1; i < length; ++i) {
+            if ((byte(at + i) & 0xC0U) != 0x80) {
+                return at;
+            }
+            code = code << 6 | (byte(at + i) & 0x3FU);
+        }
+        const bool isOverlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
+        if (isOverlong || QChar::isSurrogate(code) || code == 0xFFFE || code == 0xFFFF || code > 0x10FFFF) {
+            return at;
+        }
+        at += length;
+    }
+    return at;
+}
+
+/// A reference to a character at the beginning of a text.
 struct Reference
 {
     uint code = 0;
-    /// The length of the reference; 0 if there is none.
-    int length = 0;
+    /// 0 if there is none.
+    std::size_t length = 0;
 
-    Reference(const char *text, int size)
+    explicit Reference(std::string_view text)
     {
-        if (size < 4 || text[0] != '&' || text[1] != '#') {
+        if (!startsWith(text, "&#")) {
             return;
         }
-        const QByteArray inside = QByteArray::fromRawData(text + 2, qMin(size, longestReference) - 2);
-        const int end = inside.indexOf(';');
-        const bool isHexadecimal = inside.startsWith('x');
-        const QByteArray digits = inside.mid(isHexadecimal ? 1 : 0, end - (isHexadecimal ? 1 : 0));
-        bool isNumber = end > 0 && digits.at(0) != '+' && digits.at(0) != '-' && digits.at(0) != ' ';
-        const qulonglong value = isNumber ? digits.toULongLong(&isNumber, isHexadecimal ? 16 : 10) : 0;
-        if (isNumber) {
-            code = static_cast<uint>(qMin<qulonglong>(value, 0x110000));
-            length = end + 3;
+        const std::size_t end = text.substr(0, longestReference).find(';');
+        const bool isHexadecimal = startsWith(text, "&#x");
+        const std::size_t begin = isHexadecimal ? 3 : 2;
+        if (end == std::string_view::npos || end == begin || !isxdigit(text[begin])) {
+            return;
+        }
+        const QByteArray digits(text.data() + begin, static_cast<int>(end - begin));
+        bool isNumber = false;
+        const qulonglong value = digits.toULongLong(&isNumber, isHexadecimal ? 16 : 10);
+        // More digits than a number holds name no character either.
+        if (isNumber || std::all_of(digits.begin(), digits.end(), isxdigit)) {
+            code = isNumber ? static_cast<uint>(std::min<qulonglong>(value, 0x110000)) : 0x110000;
+            length = end + 1;
         }
     }
 
@@ -96,76 +167,52 @@ struct Reference
     }
 };
 
-/// What begins at a "<", as far as references mean nothing in it: what ends it, or null.
-const char *sectionEndAt(const char *text, int size)
+/// What ends the section that begins at a "<" and in which references mean nothing; empty if there is none.
+std::string_view sectionEndAt(std::string_view text)
 {
-    struct Section
-    {
-        const char *begin;
-        const char *end;
-    };
-    for (const Section &section : {Section{"<![CDATA[", "]]>"}, {"<!--", "-->"}, {"<?", "?>"}}) {
-        const size_t length = std::strlen(section.begin);
-        if (static_cast<size_t>(size) >= length && std::memcmp(text, section.begin, length) == 0) {
-            return section.end;
-        }
-    }
-    return nullptr;
-}
-
-/// Replaces plain characters that XML has no place for.
-void replaceControls(QByteArray *text)
-{
-    const auto isControl = [](char c) { return static_cast<uchar>(c) < 0x20 && !isBlank(c); };
-    bool isClean = true;
-    for (const char c : qAsConst(*text)) {
-        isClean &= !isControl(c);
-    }
-    if (!isClean) {
-        QByteArray result;
-        for (const char c : qAsConst(*text)) {
-            isControl(c) ? result += replacement : result += c;
-        }
-        *text = result;
-    }
+    return startsWith(text, "<![CDATA[") ? "]]>"
+        : startsWith(text, "<!--")       ? "-->"
+        : startsWith(text, "<?")         ? "?>"
+                                         : "";
 }
 
 } // namespace
 
 Xml::Decoder::~Decoder()
 {
-    if (_converter != invalidConverter()) {
+    if (_converter != nullptr) {
         iconv_close(_converter);
     }
 }
 
-QByteArray Xml::Decoder::decode(const QByteArray &bytes, bool isLast)
+std::string_view Xml::Decoder::decode(std::string_view bytes, bool isLast)
 {
-    _bytes += bytes;
     if (!_hasBegun) {
-        if (!isLast && _bytes.size() < longestDeclaration) {
-            return QByteArray();
+        _bytes += bytes;
+        if (_bytes.size() < longestDeclaration && !isLast) {
+            return {};
         }
         begin();
+        bytes = {};
     }
-    QByteArray text = toUtf8(std::exchange(_bytes, {}), isLast);
-    replaceControls(&text);
-    if (_isInProlog) {
-        _isInProlog = false;
-        if (text.startsWith("\xEF\xBB\xBF")) {
-            text.remove(0, 3);
-        }
-        int at = 0;
-        while (at < text.size() && isBlank(text.at(at))) {
-            ++at;
-        }
-        text.remove(0, at);
-        const int end = text.indexOf("?>");
-        if (text.startsWith("<?xml") && end > 0 && isBlank(text.at(5))) {
-            text.remove(0, end + 2);
-        }
+    if (isPlain(bytes)) {
+        return bytes;
     }
-    return replaceUnreadable(text, isLast);
+    appendUtf8(bytes, isLast);
+    replaceUnreadable(isLast);
+    return _output;
+}
+
+/// Whether nothing has to be done to these bytes, as with nearly all.
+bool Xml::Decoder::isPlain(std::string_view bytes) const
+{
+    if (!_isUtf8 || !_bytes.empty() || !_text.empty() || !_sectionEnd.empty()) {
+        return false;
+    }
+    const bool mayEndInMarkup = !bytes.empty() && (bytes.back() == '<' || bytes.back() == '&');
+    const unsigned char kinds = kindsIn(bytes);
+    return !mayEndInMarkup && (kinds & (Control | Markup)) == 0
+        && (kinds == Plain || lengthOfUtf8(bytes) == bytes.size());
 }
 
 void Xml::Decoder::begin()
@@ -173,110 +220,154 @@ void Xml::Decoder::begin()
     _hasBegun = true;
     const char *form = encodingByForm(_bytes);
     const QByteArray encoding = form != nullptr ? QByteArray(form) : declaredEncoding(_bytes);
-    _isUtf8 = encoding.isEmpty() || encoding == "UTF-8";
-    if (!_isUtf8) {
-        _converter = iconv_open("UTF-8", encoding.constData());
+    if (!encoding.isEmpty() && encoding != "UTF-8") {
+        openConverter(encoding.constData());
+        _isUtf8 = _converter == nullptr;
     }
-    if (_converter == invalidConverter()) {
-        _isUtf8 = true;
-        _converter = iconv_open("UTF-8", "UTF-8");
+    appendUtf8({}, false);
+    skipDeclaration();
+}
+
+/// Nothing has to be known of it any more, and what tools write into it is odd at times.
+void Xml::Decoder::skipDeclaration()
+{
+    std::string_view text = _text;
+    if (startsWith(text, byteOrderMark)) {
+        text.remove_prefix(byteOrderMark.size());
     }
-    if (_converter == invalidConverter()) {
-        throw std::bad_alloc();
+    text = withoutBlanksInFront(text);
+    const std::size_t end = text.find("?>");
+    if (startsWith(text, "<?xml") && end != std::string_view::npos
+        && blanks.find(text[5]) != std::string_view::npos) {
+        text.remove_prefix(end + 2);
+    }
+    _text.erase(0, _text.size() - text.size());
+}
+
+/// No converter if the encoding is unknown.
+void Xml::Decoder::openConverter(const char *encoding)
+{
+    _converter = iconv_open("UTF-8", encoding);
+    if (_converter == reinterpret_cast<iconv_t>(-1)) {
+        _converter = nullptr;
+        if (errno != EINVAL) {
+            throw std::bad_alloc();
+        }
     }
 }
 
-QByteArray Xml::Decoder::toUtf8(const QByteArray &bytes, bool isLast)
+/// Appends text, with the characters replaced that are none in XML.
+void Xml::Decoder::appendText(std::string_view text)
 {
-    const auto isAscii = [&bytes] {
-        uchar all = 0;
-        for (const char c : bytes) {
-            all |= static_cast<uchar>(c);
-        }
-        return all < 0x80;
-    };
-    if (_isUtf8 && isAscii()) {
-        return bytes;
+    if ((kindsIn(text) & Control) == 0) {
+        _text += text;
+        return;
     }
-    QByteArray text(2 * bytes.size() + 16, Qt::Uninitialized);
-    char *in = const_cast<char *>(bytes.constData());
-    size_t left = static_cast<size_t>(bytes.size());
-    int length = 0;
-    while (left > 0) {
-        char *out = text.data() + length;
-        // Room for one replacement is always left.
-        size_t room = static_cast<size_t>(text.size() - length - 3);
-        const size_t result = iconv(_converter, &in, &left, &out, &room);
-        length = static_cast<int>(out - text.constData());
-        if (result != static_cast<size_t>(-1)) {
-            break;
-        }
-        if (errno == E2BIG) {
-            text.resize(2 * text.size());
-            continue;
-        }
-        if (errno == EINVAL && !isLast) {
-            _bytes = QByteArray(in, static_cast<int>(left));
-            break;
-        }
-        std::memcpy(text.data() + length, replacement, 3);
-        length += 3;
-        ++in;
-        --left;
-        if (text.size() - length < 16) {
-            text.resize(2 * text.size());
-        }
+    for (const char c : text) {
+        const bool isControl = (kindsIn({&c, 1}) & Control) != 0;
+        isControl ? _text += replacement : _text += c;
     }
-    text.resize(length);
-    return text.replace("\xEF\xBF\xBE", replacement).replace("\xEF\xBF\xBF", replacement);
 }
 
-QByteArray Xml::Decoder::replaceUnreadable(const QByteArray &text, bool isLast)
+/// Appends the bytes that were held back and these to the text, as far as they are whole characters.
+void Xml::Decoder::appendUtf8(std::string_view bytes, bool isLast)
 {
-    const QByteArray all = _text.isEmpty() ? text : std::exchange(_text, {}) + text;
-    QByteArray result;
-    result.reserve(all.size());
-    int at = 0;
-    while (at < all.size()) {
-        const char *here = all.constData() + at;
-        const int left = all.size() - at;
-        if (_sectionEnd != nullptr) {
-            const int end = all.indexOf(_sectionEnd, at);
-            const int length = end < 0 ? left - (isLast ? 0 : qMin(left, 2))
-                                       : end - at + static_cast<int>(std::strlen(_sectionEnd));
-            result.append(here, length);
-            at += length;
-            if (end < 0) {
+    _bytes += bytes;
+    std::size_t done = 0;
+    if (_isUtf8) {
+        for (;;) {
+            const std::string_view rest = std::string_view(_bytes).substr(done);
+            const std::size_t length = lengthOfUtf8(rest);
+            appendText(rest.substr(0, length));
+            done += length;
+            if (done == _bytes.size() || (_bytes.size() - done < 4 && !isLast)) {
                 break;
             }
-            _sectionEnd = nullptr;
-            continue;
-        }
-        const int markup = static_cast<int>(std::strcspn(here, "<&"));
-        result.append(here, markup);
-        at += markup;
-        here += markup;
-        const int rest = left - markup;
-        if (rest == 0 || (rest < 2 * longestReference && !isLast)) {
-            break;
-        }
-        const Reference reference(here, rest);
-        if (reference.length > 0 && !reference.isReadable()) {
-            const Reference second(here + reference.length, rest - reference.length);
-            // Some tools write a character beyond U+FFFF as its two surrogates.
-            const bool isPair = QChar::isHighSurrogate(reference.code) && QChar::isLowSurrogate(second.code);
-            const uint code =
-                QChar::surrogateToUcs4(static_cast<ushort>(reference.code), static_cast<ushort>(second.code));
-            result += isPair ? "&#" + QByteArray::number(code) + ';' : QByteArray(replacement);
-            at += reference.length + (isPair ? second.length : 0);
-        } else {
-            _sectionEnd = sectionEndAt(here, rest);
-            result += *here;
-            ++at;
+            _text += replacement;
+            // Of a character that is whole but no text, all of it.
+            const bool isNoText = startsWith(rest.substr(length), "\xEF\xBF");
+            done += isNoText ? 3 : 1;
         }
     }
-    _text = all.mid(at);
-    return result;
+    while (!_isUtf8 && done < _bytes.size()) {
+        std::array<char, 4096> piece;
+        char *in = &_bytes[done];
+        char *out = piece.data();
+        std::size_t left = _bytes.size() - done;
+        std::size_t room = piece.size();
+        const std::size_t result = iconv(_converter, &in, &left, &out, &room);
+        const int error = result == static_cast<std::size_t>(-1) ? errno : 0;
+        // U+FFFE and U+FFFF are no text, but go through a converter.
+        std::string_view text(piece.data(), piece.size() - room);
+        for (std::size_t at = 0; (at = lengthOfUtf8(text)) < text.size(); text.remove_prefix(at + 3)) {
+            appendText(text.substr(0, at));
+            _text += replacement;
+        }
+        appendText(text);
+        done = _bytes.size() - left;
+        if (error == EINVAL && !isLast) {
+            break;
+        }
+        if (error == EILSEQ || error == EINVAL) {
+            _text += replacement;
+            ++done;
+        }
+    }
+    _bytes.erase(0, done);
+}
+
+/// Moves the text to what is ready, but for its end if that could be the beginning of something.
+void Xml::Decoder::replaceUnreadable(bool isLast)
+{
+    _output.clear();
+    const std::string_view all = _text;
+    std::size_t at = 0;
+    while (at < all.size()) {
+        if (!_sectionEnd.empty()) {
+            const std::size_t end = all.find(_sectionEnd, at);
+            if (end == std::string_view::npos) {
+                const std::size_t kept = isLast ? 0 : std::min(all.size() - at, _sectionEnd.size() - 1);
+                _output += all.substr(at, all.size() - at - kept);
+                at = all.size() - kept;
+                break;
+            }
+            _output += all.substr(at, end + _sectionEnd.size() - at);
+            at = end + _sectionEnd.size();
+            _sectionEnd = {};
+            continue;
+        }
+        std::size_t markup = at;
+        while (markup < all.size() && all[markup] != '<' && all[markup] != '&') {
+            ++markup;
+        }
+        _output += all.substr(at, markup - at);
+        at = markup;
+        const std::string_view rest = all.substr(at);
+        const bool mayBeMore = rest.size() == 1 || rest[1] == '!' || rest[1] == '?' || rest[1] == '#';
+        if (rest.empty() || (rest.size() < 2 * longestReference && mayBeMore && !isLast)) {
+            break;
+        }
+        const Reference reference(rest);
+        if (reference.length == 0 || reference.isReadable()) {
+            _sectionEnd = sectionEndAt(rest);
+            _output += all[at];
+            ++at;
+            continue;
+        }
+        at += reference.length;
+        const Reference second(all.substr(at));
+        if (QChar::isHighSurrogate(reference.code) && QChar::isLowSurrogate(second.code)) {
+            // Some tools write a character beyond U+FFFF as its two surrogates.
+            _output += "&#"
+                + std::to_string(QChar::surrogateToUcs4(static_cast<ushort>(reference.code),
+                                                        static_cast<ushort>(second.code)))
+                + ';';
+            at += second.length;
+        } else {
+            _output += replacement;
+        }
+    }
+    _text.erase(0, at);
 }
 
 } // namespace BCFLib

@@ -1,8 +1,9 @@
 #ifndef BCFLIB_XML_DECODER_H
 #define BCFLIB_XML_DECODER_H
 
-#include <QByteArray>
 #include <iconv.h>
+#include <string>
+#include <string_view>
 
 namespace BCFLib {
 namespace Xml {
@@ -18,28 +19,31 @@ class Decoder
 public:
     Decoder() = default;
     ~Decoder();
+    Decoder(const Decoder &) = delete;
+    Decoder &operator=(const Decoder &) = delete;
 
-    /// The next piece of text; some of it may be held back until the piece after it is there.
-    QByteArray decode(const QByteArray &bytes, bool isLast);
+    /// The next piece of text, good until the next call; some of it may be held back until then.
+    std::string_view decode(std::string_view bytes, bool isLast);
 
 private:
-    Q_DISABLE_COPY(Decoder)
-
     void begin();
-    QByteArray toUtf8(const QByteArray &bytes, bool isLast);
-    QByteArray replaceUnreadable(const QByteArray &text, bool isLast);
+    bool isPlain(std::string_view bytes) const;
+    void skipDeclaration();
+    void openConverter(const char *encoding);
+    void appendText(std::string_view text);
+    void appendUtf8(std::string_view bytes, bool isLast);
+    void replaceUnreadable(bool isLast);
 
     /// Bytes and text that were held back.
-    QByteArray _bytes;
-    QByteArray _text;
+    std::string _bytes;
+    std::string _text;
+    /// Text that is ready.
+    std::string _output;
     bool _hasBegun = false;
-    bool _isInProlog = true;
     bool _isUtf8 = true;
-    iconv_t _converter = invalidConverter();
-    /// What ends the comment, instruction or CDATA section that the text stands in; null outside.
-    const char *_sectionEnd = nullptr;
-
-    static iconv_t invalidConverter() { return reinterpret_cast<iconv_t>(-1); }
+    iconv_t _converter = nullptr;
+    /// What ends the comment, instruction or CDATA section that the text stands in; empty outside.
+    std::string_view _sectionEnd;
 };
 
 } // namespace Xml

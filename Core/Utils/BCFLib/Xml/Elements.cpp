@@ -33,7 +33,7 @@ bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QStrin
 
 QDateTime Xml::childDate(const QDomElement &parent, const QString &name)
 {
-    return QDateTime::fromString(childText(parent, name), Qt::ISODate).toLocalTime();
+    return QDateTime::fromString(childText(parent, name), Qt::ISODate);
 }
 
 QString Xml::dateText(const QDateTime &date)

@@ -1,8 +1,7 @@
 #ifndef BCFLIB_XML_ELEMENTS_H
 #define BCFLIB_XML_ELEMENTS_H
 
-#include "Reader.h"
-#include "TextRuns.h"
+#include "ElementRun.h"
 
 #include <QDateTime>
 #include <QDomElement>
@@ -18,7 +17,7 @@ namespace Xml {
 
 /// Calls @p visit with each child element of @p parent of that name, in file order.
 ///
-/// Elements that were kept as text are there for that call only: what was visited of them leaves the
+/// Elements that were kept in runs are there for that call only: what was visited of them leaves the
 /// document, so that its memory serves for what is read of it. Another visit would not see them.
 template<class Visit>
 void takeChildren(QDomElement parent, const QString &name, const Visit &visit)
@@ -26,9 +25,9 @@ void takeChildren(QDomElement parent, const QString &name, const Visit &visit)
     QDomNode next;
     for (QDomNode node = parent.firstChild(); !node.isNull(); node = next) {
         next = node.nextSibling();
-        if (TextRuns::isRun(node, name)) {
+        if (ElementRun::isRun(node, name)) {
             parent.removeChild(node);
-            takeChildren(elementsOfRun(node), name, visit);
+            takeChildren(ElementRun::elements(node), name, visit);
         } else if (node.isElement() && node.nodeName() == name) {
             visit(node.toElement());
         }
@@ -49,7 +48,7 @@ QString childGuid(const QDomElement &parent, const QString &name);
 /// False, with @p text as it was, if there is no such child or it does not begin with text.
 bool readLeadingText(const QDomElement &parent, const QString &name, QString *text);
 
-/// The ISO date that the first child of that name holds, in local time; invalid without one.
+/// The ISO date that the first child of that name holds; invalid without one.
 QDateTime childDate(const QDomElement &parent, const QString &name);
 
 /// The form of a date in a written file: whole seconds in UTC, empty for an invalid date.

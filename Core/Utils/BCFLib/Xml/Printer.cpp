@@ -1,7 +1,5 @@
 #include "Printer.h"
 
-#include "TextRuns.h"
-
 #include <QDomDocument>
 #include <QIODevice>
 
@@ -11,6 +9,20 @@ namespace {
 
 /// What a text may hold before it is handed on.
 constexpr int enoughToWrite = 32 * 1024;
+
+/// So many elements of a list stay in the document: printing so few one by one saves no time.
+constexpr int fewElements = 200;
+
+/// The target of a node that holds printed text, which no name can be.
+QString printedTarget()
+{
+    return QStringLiteral(" ");
+}
+
+bool isPrinted(const QDomNode &node)
+{
+    return node.isProcessingInstruction() && node.nodeName() == printedTarget();
+}
 
 /// Where a text stands in a document.
 enum class Place { Content, Attribute };
@@ -94,7 +106,7 @@ private:
                 printEscaped(node.nodeValue(), Place::Content);
             } else if (node.isElement()) {
                 printElement(node.toElement(), depth);
-            } else if (Xml::TextRuns::isRun(node)) {
+            } else if (isPrinted(node)) {
                 _text += node.nodeValue();
                 flushIfLarge();
             }
@@ -172,7 +184,7 @@ Xml::PrintedList::PrintedList(QDomDocument *document, const QDomElement &list)
 
 void Xml::PrintedList::printLast()
 {
-    if (++_count <= Xml::TextRuns::fewElements) {
+    if (++_count <= fewElements) {
         return;
     }
     const QDomElement element = _list.lastChildElement();
@@ -190,7 +202,7 @@ void Xml::PrintedList::finish()
     if (_text.isEmpty()) {
         return;
     }
-    _list.appendChild(Xml::TextRuns::create(_document, QString(), _text));
+    _list.appendChild(_document->createProcessingInstruction(printedTarget(), _text));
     _text.resize(0);
 }
 

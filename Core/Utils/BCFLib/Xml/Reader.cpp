@@ -8,40 +8,41 @@
 #include <QIODevice>
 
 namespace BCFLib {
+namespace Xml {
 
 namespace {
 
-constexpr int blockSize = 16 * 1024;
+constexpr std::size_t blockSize = 16 * 1024;
 
-/// Fewer bytes only at the end of the device. After a failed read nothing more counts, also if later ones
-/// would succeed.
-QByteArray nextBlock(QIODevice *device)
+/// Fills a block; fewer bytes come only at the end of the device. After a failed read nothing more counts,
+/// also if later ones would succeed.
+std::string_view readBlock(QIODevice *device, std::vector<char> *block)
 {
-    QByteArray block(blockSize, Qt::Uninitialized);
-    int length = 0;
-    while (length < blockSize) {
-        const qint64 count = device->read(block.data() + length, blockSize - length);
+    std::size_t length = 0;
+    while (length < block->size()) {
+        const qint64 count =
+            device->read(block->data() + length, static_cast<qint64>(block->size() - length));
         if (count <= 0) {
             break;
         }
-        length += static_cast<int>(count);
+        length += static_cast<std::size_t>(count);
     }
-    block.resize(length);
-    return block;
+    return {block->data(), length};
 }
 
-bool parse(QIODevice *device, QDomDocument *document, const QStringList &numerousElements)
+bool parse(QIODevice *device, QDomDocument *document, const NumerousElements &numerousElements)
 {
-    // A document is null, and not what others append to, until it makes a node.
+    // A document is null, and nothing to append to, until it makes a node.
     document->createTextNode(QString());
-    Xml::Decoder decoder;
-    Xml::Builder builder(document, *document, numerousElements);
+    Decoder decoder;
+    Builder builder(document, numerousElements);
+    std::vector<char> block(blockSize);
     qint64 bytes = 0;
     for (bool isLast = false; !isLast;) {
-        const QByteArray block = nextBlock(device);
-        bytes += block.size();
-        isLast = block.size() < blockSize;
-        if (bytes > Limits::xmlBytes || !builder.parse(decoder.decode(block, isLast), isLast)) {
+        const std::string_view piece = readBlock(device, &block);
+        bytes += static_cast<qint64>(piece.size());
+        isLast = piece.size() < block.size();
+        if (bytes > Limits::xmlBytes || !builder.parse(decoder.decode(piece, isLast), isLast)) {
             return false;
         }
     }
@@ -50,27 +51,19 @@ bool parse(QIODevice *device, QDomDocument *document, const QStringList &numerou
 
 } // namespace
 
-bool Xml::readDocument(QIODevice *device, QDomDocument *document, const QStringList &numerousElements)
+bool readDocument(QIODevice *device, QDomDocument *document, const NumerousElements &numerousElements)
 {
     if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
         return false;
     }
     // Where a host has documents refuse or change names and texts, only a whole document shows which.
     const bool acceptsAll = QDomImplementation::invalidDataPolicy() == QDomImplementation::AcceptInvalidChars;
-    const bool isWellFormed = parse(device, document, acceptsAll ? numerousElements : QStringList());
+    const bool isWellFormed = parse(device, document, acceptsAll ? numerousElements : NumerousElements());
     if (!isWellFormed) {
         *document = QDomDocument();
     }
     return isWellFormed;
 }
 
-QDomElement Xml::elementsOfRun(const QDomNode &run)
-{
-    QDomDocument document = run.ownerDocument();
-    QDomElement parent = document.createElement(QStringLiteral("elements"));
-    Builder builder(&document, parent);
-    builder.parse("<a>" + run.nodeValue().toUtf8() + "</a>", true);
-    return parent.firstChildElement();
-}
-
+} // namespace Xml
 } // namespace BCFLib

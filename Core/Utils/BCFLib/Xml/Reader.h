@@ -1,14 +1,17 @@
 #ifndef BCFLIB_XML_READER_H
 #define BCFLIB_XML_READER_H
 
-#include <QDomElement>
-#include <QStringList>
+#include <string_view>
+#include <vector>
 
 class QDomDocument;
 class QIODevice;
 
 namespace BCFLib {
 namespace Xml {
+
+/// Paths of names below the root of a file, as in "Lines/Line".
+using NumerousElements = std::vector<std::string_view>;
 
 /// Parses @p device, which is opened for reading if it is closed, without namespace processing.
 ///
@@ -17,14 +20,11 @@ namespace Xml {
 /// declarations have no use in an archive, and they make small files grow. Document types and the XML
 /// declaration are no part of the document.
 ///
-/// Elements of which a file may hold any number are best kept as text until their turn comes, see
-/// TextRuns. They are named by their path below the root, as in "Lines/Line".
+/// Elements of which a file may hold any number are best kept in runs until their turn comes, see
+/// takeChildren().
 ///
 /// Throws std::bad_alloc where memory ends.
-bool readDocument(QIODevice *device, QDomDocument *document, const QStringList &numerousElements = {});
-
-/// The elements of a run, below an element of the run's document that stands nowhere in it.
-QDomElement elementsOfRun(const QDomNode &run);
+bool readDocument(QIODevice *device, QDomDocument *document, const NumerousElements &numerousElements = {});
 
 } // namespace Xml
 } // namespace BCFLib
