@@ -89,6 +89,7 @@ void ArchiveLoader::run()
     worker.doLoad();
     _archive.model = worker.model();
     takeAttachments(_archive);
+    _archive.problems = ArchiveCheck::problems(*_archive.model);
     // Only the thread that an object belongs to can give it away.
     _archive.model->moveToThread(thread());
 }

@@ -17,6 +17,8 @@ struct LoadedArchive
     ArchiveCheck::File file{};
     /// Null if the file can't be loaded at all.
     QSharedPointer<BCFLib::BCFModel> model;
+    /// Why the model is not valid.
+    QStringList problems;
     /// The folder that holds the attachments; null without any.
     std::shared_ptr<QTemporaryDir> attachments;
 };

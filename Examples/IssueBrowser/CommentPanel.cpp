@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QTreeView>
 
+#include <algorithm>
+
 using BCFLib::Comment;
 using BCFLib::Topic;
 
@@ -171,7 +173,9 @@ bool CommentPanel::isWriting() const
 
 bool CommentPanel::hasDraft() const
 {
-    return isWriting() || !_drafts.isEmpty();
+    return isWriting() || std::any_of(_drafts.keyBegin(), _drafts.keyEnd(), [](const Topic *topic) {
+               return topic->parent();
+           });
 }
 
 bool CommentPanel::addDrafts()
@@ -181,11 +185,14 @@ bool CommentPanel::addDrafts()
         return false;
     }
     keepDraft();
-    for (auto draft = _drafts.cbegin(); draft != _drafts.cend(); ++draft) {
-        _editor->addComment(draft.key(), draft.value(), nullptr, nullptr);
-    }
-    _drafts.clear();
     _text->clear();
+    const QHash<Topic *, QString> drafts = std::exchange(_drafts, {});
+    for (auto draft = drafts.cbegin(); draft != drafts.cend(); ++draft) {
+        // A topic that was deleted may come back, but not here.
+        if (draft.key()->parent()) {
+            _editor->addComment(draft.key(), draft.value(), nullptr, nullptr);
+        }
+    }
     return true;
 }
 

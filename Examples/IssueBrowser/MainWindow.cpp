@@ -68,10 +68,9 @@ QString notice(const LoadedArchive &loaded)
     } else if (!lines.isEmpty()) {
         lines << MainWindow::tr("What is shown can be saved under another name.");
     }
-    const QStringList problems = ArchiveCheck::problems(*loaded.model);
-    lines << problems.mid(0, most);
-    if (problems.size() > most) {
-        lines << MainWindow::tr("… and %1 more").arg(QLocale().toString(problems.size() - most));
+    lines << loaded.problems.mid(0, most);
+    if (loaded.problems.size() > most) {
+        lines << MainWindow::tr("… and %1 more").arg(QLocale().toString(loaded.problems.size() - most));
     }
     if (lines.isEmpty() && loaded.model->topics().isEmpty()) {
         lines << MainWindow::tr("There are no topics in this archive.");
@@ -345,20 +344,17 @@ void MainWindow::updateActions()
 
 void MainWindow::showOutcome(const LoadedArchive &loaded)
 {
-    QString problem = loaded.file.text;
-    if (loaded.model) {
-        // Also from a damaged archive everything is shown that could be read; one that gave nothing does
-        // not take the place of the present one.
-        const QStringList problems = ArchiveCheck::problems(*loaded.model);
-        problem = loaded.model->topics().isEmpty() ? problems.join(QLatin1Char('\n')) : QString();
-    }
-    if (problem.isEmpty()) {
+    // Also from a damaged archive everything is shown that could be read; one that gave nothing does
+    // not take the place of the present one.
+    const bool isShown = loaded.model && (loaded.problems.isEmpty() || !loaded.model->topics().isEmpty());
+    if (isShown) {
         showArchive(loaded);
     }
     setBusy(false);
     _topicArea->table()->setFocus();
-    if (!problem.isEmpty()) {
-        tell(QMessageBox::Critical, tr("Error"), problem);
+    if (!isShown) {
+        const QString problems = loaded.problems.join(QLatin1Char('\n'));
+        tell(QMessageBox::Critical, tr("Error"), loaded.model ? problems : loaded.file.text);
     }
     emit opened();
 }
