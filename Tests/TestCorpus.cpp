@@ -11,9 +11,8 @@
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QMetaProperty>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
+#include <QSet>
 #include <QTest>
 
 #include <algorithm>
@@ -214,18 +213,6 @@ QVariantList lasting(QVariantMap topic, bool isListForm)
     return all << topic;
 }
 
-/// What a program has to say that fails; empty if it has no complaint.
-QString complaint(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    process.waitForFinished();
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0
-        ? QString()
-        : program + ": " + process.readAll();
-}
-
 } // namespace
 
 class TestCorpus : public QObject
@@ -328,17 +315,21 @@ void TestCorpus::saves()
         // The load stopped at a file that could not be unpacked.
         file->setIsExternal(file->isExternal() || !QFile::exists(file->filename()));
     }
-    for (const Topic *topic : model->topics()) {
-        // The load names the first image of a topic, which may take the name of another.
-        QStringList names;
-        for (Viewpoint *viewpoint : topic->viewpoints()) {
-            const QString name = viewpoint->snapshotFilename();
-            viewpoint->setSnapshotFilename(!names.contains(name) || name.isEmpty() ? name : "other-" + name);
-            names.append(name);
-        }
-    }
     QVERIFY(model->serialize(saved));
     const QSharedPointer<BCFModel> loaded = TestArchive::load(saved);
+    for (int i = 0; i < model->topics().size(); ++i) {
+        // The load names the first image of a topic, which may take the name of another. That one is saved
+        // under a free name.
+        QSet<QString> names{QString()};
+        const QList<Viewpoint *> all = model->topics().at(i)->viewpoints();
+        for (int j = 0; j < all.size(); ++j) {
+            if (names.contains(all.at(j)->snapshotFilename())) {
+                all.at(j)->setSnapshotFilename(
+                    loaded->topics().at(i)->viewpoints().at(j)->snapshotFilename());
+            }
+            names.insert(all.at(j)->snapshotFilename());
+        }
+    }
     QCOMPARE(dump(loaded.data()).join('\n'), dump(model.data()).join('\n'));
 
     QVERIFY(loaded->serialize(again));
@@ -348,12 +339,7 @@ void TestCorpus::saves()
         QVERIFY2(TestArchive::entry(again, name) == TestArchive::entry(saved, name), qPrintable(name));
     }
 
-    if (QStandardPaths::findExecutable("python3").isEmpty()
-        || QStandardPaths::findExecutable("unzip").isEmpty()) {
-        QSKIP("python3 or unzip is not there to read the archive with other eyes");
-    }
-    QCOMPARE(complaint("unzip", {"-t", saved}), QString());
-    QCOMPARE(complaint("python3", {QFINDTESTDATA("check_saved.py"), saved}), QString());
+    QCOMPARE(TestArchive::complaints(saved), QString());
 }
 
 void TestCorpus::forms()

@@ -7,6 +7,7 @@
 #include <Comment.h>
 #include <Components.h>
 #include <File.h>
+#include <Line.h>
 #include <Project.h>
 #include <RelatedTopic.h>
 #include <Topic.h>
@@ -22,6 +23,7 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QXmlStreamReader>
+#include <osg/Vec3d>
 #include <quazip/quazip.h>
 #include <quazip/quazipfileinfo.h>
 #include <unistd.h>
@@ -41,7 +43,8 @@ QString tags(const QByteArray &xml)
     QXmlStreamReader reader(xml);
     while (!xml.isEmpty() && !reader.atEnd()) {
         reader.readNext();
-        result += '\n' + reader.name().toString() + (reader.isWhitespace() ? QString() : reader.text().toString());
+        result +=
+            '\n' + reader.name().toString() + (reader.isWhitespace() ? QString() : reader.text().toString());
         QStringList attributes;
         for (const QXmlStreamAttribute &attribute : reader.attributes()) {
             attributes.append(QStringLiteral(" %1=\"%2\"").arg(attribute.name(), attribute.value()));
@@ -96,6 +99,7 @@ private slots:
     void xml();
     void entries();
     void anyTextSurvives();
+    void anyNamesSurvive();
     void nextLoadDropsWhatTheFormatCannotHold();
     void faults_data();
     void faults();
@@ -293,6 +297,96 @@ void TestSaving::anyTextSurvives()
     document.removeChild(document.firstChild());
     QCOMPARE(QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n") + document.toByteArray(4),
              TestArchive::entry(folder.path(), "t/viewpoint.bcfv"));
+}
+
+void TestSaving::anyNamesSurvive()
+{
+    const QStringList names{"a",
+                            "A.",
+                            " a ",
+                            "",
+                            "..",
+                            "/",
+                            "a/b",
+                            "a//b",
+                            "A/B/c",
+                            "a\\b",
+                            QString("a%1b").arg(QChar(0)),
+                            "a\nb",
+                            "../../x",
+                            "/etc/x",
+                            "c:x",
+                            "MARKUP.bcf",
+                            "markup.bcf/x",
+                            "bcf.Version",
+                            "Storey.ifc",
+                            "snapshot1.png",
+                            "viewpoint.bcfv",
+                            "topic1",
+                            QString(255, 'y'),
+                            QString(70000, 'z'),
+                            QString(200, QChar(0x20AC)),
+                            QString(QChar(0xD800)),
+                            QString(QChar(0xA0)),
+                            u8"\u00e9",
+                            u8"e\u0301",
+                            u8"stra\u00dfe",
+                            "STRASSE",
+                            "*?|<>\"&"};
+    const TestArchive folder;
+    const ModelPointer model = makeModel(folder);
+    for (const QString &one : names) {
+        for (const QString &other : names) {
+            const int number = model->topics().size();
+            Topic *topic = model->addTopic(QString::number(number), "a", someDate, one);
+            topic->setGuid(one);
+            topic->addComment("c")->setViewpoint(topic->addViewpoint("1"));
+            topic->addViewpoint("2");
+            for (Viewpoint *viewpoint : topic->viewpoints()) {
+                const bool isFirst = viewpoint->guid() == "1";
+                viewpoint->addLine()->setStartPoint({double(number), isFirst ? 1. : 2., 0});
+                viewpoint->setSnapshot(viewpoint->guid().toUtf8() + QByteArray::number(number));
+                viewpoint->setViewpointFilename(isFirst ? one : other);
+                viewpoint->setSnapshotFilename(isFirst ? other : one);
+            }
+        }
+    }
+    const auto told = [](const ModelPointer &model) {
+        QStringList all = tellAll(model.data(), "BCFLib::Topic", "_title")
+            + tellAll(model.data(), "BCFLib::Line", "_startPoint")
+            + tellAll(model.data(), "BCFLib::Comment", "_topic _viewpoint");
+        for (const Topic *topic : model->topics()) {
+            for (const Viewpoint *viewpoint : topic->viewpoints()) {
+                const QByteArray *image = topic->snapshot(viewpoint->guid());
+                all += image != nullptr ? *image : QByteArray();
+            }
+        }
+        return all;
+    };
+    const QString fields = "_viewpointFilename _snapshotFilename objectName";
+    const QStringList before = tellAll(model.data(), "BCFLib::Viewpoint", fields);
+    QVERIFY(model->serialize(folder.path()));
+    QCOMPARE(tellAll(model.data(), "BCFLib::Viewpoint", fields), before);
+    QCOMPARE(TestArchive::complaints(folder.path()), QString());
+
+    // Without a name there is no file.
+    const ModelPointer loaded = TestArchive::load(folder.path());
+    for (Viewpoint *viewpoint : model->findChildren<Viewpoint *>()) {
+        Topic *topic = static_cast<Topic *>(viewpoint->parent());
+        if (viewpoint->viewpointFilename().isEmpty()) {
+            qDeleteAll(viewpoint->lines());
+        }
+        if (viewpoint->snapshotFilename().isEmpty()) {
+            topic->removeSnapshot(viewpoint->guid());
+        }
+        topic->setGuid(topic->guid().replace(QChar(0), QChar(0xFFFD)).replace(QChar(0xD800), QChar(0xFFFD)));
+    }
+    QCOMPARE(told(loaded), told(model));
+    // What is free and harmless is taken.
+    const QString entries = TestArchive::entryNames(folder.path()).join('|');
+    for (const char *name : {"zz/viewpoint.png", "|a/markup.bcf|", u8"|\u00e9/a|", "/A/B/c|"}) {
+        QVERIFY2(entries.contains(QString::fromUtf8(name)), name);
+    }
 }
 
 void TestSaving::nextLoadDropsWhatTheFormatCannotHold()

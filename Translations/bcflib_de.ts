@@ -4,6 +4,10 @@
 <context>
     <name>BCFLib::BCFModel</name>
     <message>
+        <source>File &quot;%1&quot; changed or could not be read to its end</source>
+        <translation>Die Datei „%1“ hat sich geändert oder konnte nicht zu Ende gelesen werden</translation>
+    </message>
+    <message>
         <source>File &quot;%1&quot; unpacks to more than an archive may hold</source>
         <translation>Die Datei „%1“ entpackt sich zu mehr, als ein Archiv enthalten darf</translation>
     </message>

@@ -4,6 +4,10 @@
 <context>
     <name>BCFLib::BCFModel</name>
     <message>
+        <source>File &quot;%1&quot; changed or could not be read to its end</source>
+        <translation>Le fichier «&#xa0;%1&#xa0;» a changé ou n’a pas pu être lu jusqu’à la fin</translation>
+    </message>
+    <message>
         <source>File &quot;%1&quot; unpacks to more than an archive may hold</source>
         <translation>Le fichier «&#xa0;%1&#xa0;» se décompresse en plus de données qu’une archive ne peut contenir</translation>
     </message>

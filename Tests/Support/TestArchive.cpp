@@ -1,6 +1,8 @@
 #include "TestArchive.h"
 
 #include <Core/Utils/QtCoreTools/ProgressionSignals.h>
+#include <QProcess>
+#include <QTest>
 #include <Vec3dMetaType.h>
 #include <osg/Vec3d>
 #include <quazip/quazip.h>
@@ -69,6 +71,22 @@ QByteArray TestArchive::entry(const QString &path, const QString &name)
     }
     QuaZipFile file(&zip);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString TestArchive::complaints(const QString &path)
+{
+    QString all;
+    for (const QStringList &call : {QStringList{"unzip", "-t", path},
+                                    QStringList{"python3", QFINDTESTDATA("../check_saved.py"), path}}) {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(call.first(), call.mid(1));
+        const bool hasRun = process.waitForStarted() && process.waitForFinished();
+        if (hasRun && (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)) {
+            all += call.first() + ": " + process.readAll();
+        }
+    }
+    return all;
 }
 
 QByteArray TestArchive::png()

@@ -37,6 +37,8 @@ public:
     static QStringList entryNames(const QString &path);
     /// The bytes of an entry; null if there is none.
     static QByteArray entry(const QString &path, const QString &name);
+    /// What other programs that read archives find wrong with one; empty if nothing, or they are not there.
+    static QString complaints(const QString &path);
     /// The smallest PNG image.
     static QByteArray png();
 

@@ -102,8 +102,10 @@ public:
 
     /// Writes the model as a zip archive straight at @p path, replacing a file that is there.
     ///
-    /// False means that some step failed; the archive as far as it was written stays at the path.
-    /// The model itself is never changed by a save.
+    /// False means that some step failed; the archive as far as it was written stays at the path, but
+    /// nothing happens to a file that the archive is to hold. True means that the archive can be read back:
+    /// where topics, viewpoints or images would share a name in it, or bear one that can't be, the save
+    /// chooses others. The model itself is never changed by a save.
     bool serialize(const QString &path);
 
     /// Whether the archive is usable.
@@ -142,12 +144,14 @@ protected:
 
 private:
     void childEvent(QChildEvent *event) override;
-    bool readArchive(QuaZip *zip, const Tavrin::ProgressionSignals &progress);
-    QStringList readTopics(QuaZip *zip, const QString &version, const Tavrin::ProgressionSignals &progress);
+    void readArchive(const QString &path, const Tavrin::ProgressionSignals &progress);
+    bool readEntries(QuaZip *zip, const Tavrin::ProgressionSignals &progress);
+    QStringList readTopics(QuaZip *zip, const QStringList &folders, const QString &version,
+                           const Tavrin::ProgressionSignals &progress);
     bool unpackAttachments(QuaZip *zip, const QStringList &files, const Tavrin::ProgressionSignals &progress);
 
     bool writeArchive(QuaZip *zip) const;
-    bool writeTopic(QuaZip *zip, Topic *topic, QStringList &files) const;
+    static bool writeTopic(QuaZip *zip, Topic *topic, const QString &folder, QStringList &files);
     static bool writeAttachment(QuaZip *zip, const QString &path);
 
     QString _errorString;

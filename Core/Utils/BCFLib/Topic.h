@@ -63,7 +63,8 @@ public:
     Topic(const QVariant &variant, QObject *parent);
     ~Topic() override;
 
-    /// The identifier of the topic, which is the object name and the folder's name in a saved archive.
+    /// The identifier of the topic, which is the object name and, where it can be, the folder's name in a
+    /// saved archive.
     QString guid() const;
     void setGuid(const QString &guid);
 
@@ -234,7 +235,7 @@ protected:
     void writeTopic(QDomDocument &doc, QDomElement &parent);
     /// Appends each comment in the form of its own class.
     void writeComments(QDomDocument &doc, QDomElement &parent);
-    /// Appends an entry with the file names for each viewpoint.
+    /// Appends an entry with the file names for each viewpoint, as viewpointEntryNames() gives them.
     void writeViewpoints(QDomDocument &doc, QDomElement &parent);
     /// Writes the stored image of that guid; false if there is none or the write fails.
     bool writeSnaphot(const QString &guid, QIODevice *device);
@@ -251,6 +252,10 @@ private:
     friend class BCFModel;
 
     void childEvent(QChildEvent *event) override;
+    /// The names of the entries of a saved topic's folder: for each viewpoint that of its file and that of
+    /// its image, empty where there is none. Where viewpoints name one file, or one that can't be, these
+    /// differ from what the viewpoints hold.
+    QStringList viewpointEntryNames() const;
     void readAttachments(const QDomElement &topic);
     void writeAttachments(QDomDocument &doc, QDomElement &topic);
     void attachmentsFromQVariant(const QVariantMap &map);

@@ -8,16 +8,16 @@
 #include "Version.h"
 #include "Viewpoint.h"
 #include "Zip/ArchiveDevice.h"
+#include "Zip/Directory.h"
 #include "Zip/EntryReader.h"
-#include "Zip/RootFolders.h"
 
 #include <Core/Utils/QtCoreTools/ProgressionSignals.h>
 #include <Core/Utils/Utility/NewId.h>
-#include <QSet>
 #include <memory>
 #include <new>
 #include <quazip/quazip.h>
 #include <quazip/quazipdir.h>
+#include <set>
 
 namespace BCFLib {
 
@@ -33,27 +33,41 @@ QString entryPath(const QuaZipDir &dir, const QString &name)
 QSharedPointer<BCFModel> BCFModel::Deserialize(const QString &path,
                                                const Tavrin::ProgressionSignals &progress)
 {
-    // The step of the final close.
-    progress.addMax(1);
-    QSharedPointer<BCFModel> model(new BCFModel);
-    Budgeted<ArchiveFile> file(path);
-    QuaZip zip(&file);
+    QSharedPointer<BCFModel> model;
+    QString outOfMemory;
     try {
-        if (zip.open(QuaZip::mdUnzip) && model->readArchive(&zip, progress)) {
-            zip.close();
-            progress.addSteps(1);
-        }
-        if (file.isSpent()) {
-            model->setErrorString(tr("File \"%1\" unpacks to more than an archive may hold").arg(path));
-        }
+        // The step of the final close.
+        progress.addMax(1);
+        model.reset(new BCFModel);
+        outOfMemory = tr("Not enough memory to load file \"%1\"").arg(path);
+        model->readArchive(path, progress);
     } catch (const std::bad_alloc &) {
-        model->setErrorString(tr("Not enough memory to load file \"%1\"").arg(path));
+        if (model != nullptr) {
+            model->_errorString.swap(outOfMemory);
+        }
     }
     return model;
 }
 
-bool BCFModel::readArchive(QuaZip *zip, const Tavrin::ProgressionSignals &progress)
+void BCFModel::readArchive(const QString &path, const Tavrin::ProgressionSignals &progress)
 {
+    ArchiveDevice file(path);
+    QuaZip zip(&file);
+    if (zip.open(QuaZip::mdUnzip) && readEntries(&zip, progress)) {
+        zip.close();
+        progress.addSteps(1);
+    }
+    if (!file.isSound()) {
+        setErrorString(tr("File \"%1\" changed or could not be read to its end").arg(path));
+    } else if (file.budget()->isSpent()) {
+        setErrorString(tr("File \"%1\" unpacks to more than an archive may hold").arg(path));
+    }
+}
+
+bool BCFModel::readEntries(QuaZip *zip, const Tavrin::ProgressionSignals &progress)
+{
+    Directory &directory = ArchiveDevice::of(zip)->directory();
+    directory.read(zip);
     if (Project *project = readProject(zip)) {
         project->setParent(this);
     }
@@ -67,37 +81,36 @@ bool BCFModel::readArchive(QuaZip *zip, const Tavrin::ProgressionSignals &progre
     } else {
         createVersion(QStringLiteral("2.0"));
     }
-    const QStringList files = readTopics(zip, loadVersion, progress);
+    const QStringList files = readTopics(zip, directory.rootFolders(), loadVersion, progress);
     return unpackAttachments(zip, files, progress);
 }
 
 Project *BCFModel::readProject(QuaZip *zip)
 {
-    if (!zip->setCurrentFile(QStringLiteral("project.bcfp"), QuaZip::csDefault)) {
+    if (!Directory::goTo(zip, QStringLiteral("project.bcfp"))) {
         return nullptr;
     }
-    ArchiveEntry file(zip);
+    EntryReader file(zip);
     return Project::Deserialize(&file);
 }
 
 Version *BCFModel::readVersion(QuaZip *zip)
 {
-    if (!zip->setCurrentFile(QStringLiteral("bcf.version"), QuaZip::csDefault)) {
+    if (!Directory::goTo(zip, QStringLiteral("bcf.version"))) {
         return Version::BCF1Version();
     }
-    ArchiveEntry file(zip);
+    EntryReader file(zip);
     return Version::Deserialize(&file);
 }
 
-QStringList BCFModel::readTopics(QuaZip *zip, const QString &version,
+QStringList BCFModel::readTopics(QuaZip *zip, const QStringList &folders, const QString &version,
                                  const Tavrin::ProgressionSignals &progress)
 {
     QStringList files;
-    const QStringList folders = RootFolders::list(zip);
     progress.addMax(folders.size());
     QuaZipDir dir(zip);
     for (const QString &folder : folders) {
-        if (RootFolders::enter(&dir, folder)) {
+        if (Directory::enter(&dir, folder)) {
             if (Topic *topic = readTopic(zip, &dir, files, version)) {
                 topic->setParent(this);
                 for (Viewpoint *viewpoint : topic->viewpoints()) {
@@ -113,14 +126,13 @@ QStringList BCFModel::readTopics(QuaZip *zip, const QString &version,
 
 Topic *BCFModel::readTopic(QuaZip *zip, QuaZipDir *dir, QStringList &files, const QString &version)
 {
-    if (!zip->setCurrentFile(entryPath(*dir, QStringLiteral("markup.bcf")), QuaZip::csDefault)) {
+    if (!Directory::goTo(zip, entryPath(*dir, QStringLiteral("markup.bcf")))) {
         return nullptr;
     }
-    ArchiveEntry markup(zip);
+    EntryReader markup(zip);
     Topic *topic = Topic::Deserialize(&markup, files, version);
     const QString viewpointName = QStringLiteral("viewpoint.bcfv");
-    if (topic != nullptr && isBCF_1_0(version)
-        && zip->setCurrentFile(entryPath(*dir, viewpointName), QuaZip::csDefault)) {
+    if (topic != nullptr && isBCF_1_0(version) && Directory::goTo(zip, entryPath(*dir, viewpointName))) {
         // Markups of version 1.0 need not list the viewpoint; its fixed names tell that it is there.
         Viewpoint *viewpoint = new Viewpoint(Tavrin::NewId(), topic);
         viewpoint->setViewpointFilename(viewpointName);
@@ -132,8 +144,8 @@ Topic *BCFModel::readTopic(QuaZip *zip, QuaZipDir *dir, QStringList &files, cons
 void BCFModel::readViewpointFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint)
 {
     const QString name = viewpoint->viewpointFilename();
-    if (!name.isEmpty() && zip->setCurrentFile(entryPath(*dir, name), QuaZip::csDefault)) {
-        ArchiveEntry file(zip);
+    if (!name.isEmpty() && Directory::goTo(zip, entryPath(*dir, name))) {
+        EntryReader file(zip);
         viewpoint->deserialize(&file);
     }
 }
@@ -142,9 +154,8 @@ void BCFModel::readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoin
 {
     const QString name = viewpoint->snapshotFilename();
     Topic *topic = qobject_cast<Topic *>(viewpoint->parent());
-    if (!name.isEmpty() && topic != nullptr
-        && zip->setCurrentFile(entryPath(*dir, name), QuaZip::csDefault)) {
-        ArchiveEntry file(zip);
+    if (!name.isEmpty() && topic != nullptr && Directory::goTo(zip, entryPath(*dir, name))) {
+        EntryReader file(zip);
         topic->addSnapshot(viewpoint->guid(), &file);
     }
 }
@@ -156,13 +167,13 @@ bool BCFModel::unpackAttachments(QuaZip *zip, const QStringList &files,
         return true;
     }
     const CacheFolder cache;
-    // A file that several topics name is copied once.
-    const QSet<QString> names(files.begin(), files.end());
-    progress.addMax(names.size());
+    // A file that several topics name is copied once. No hash: names can be chosen such that all hash alike.
+    const std::set<QString> names(files.begin(), files.end());
+    progress.addMax(static_cast<qint64>(names.size()));
     for (const QString &name : names) {
-        ArchiveEntry entry(zip);
+        EntryReader entry(zip);
         QByteArray bytes;
-        if (!zip->setCurrentFile(name, QuaZip::csDefault) || !entry.open(QIODevice::ReadOnly)
+        if (!Directory::goTo(zip, name) || !entry.open(QIODevice::ReadOnly)
             || readToEnd(&entry, Limits::attachmentBytes, &bytes) != ReadOutcome::Complete) {
             setErrorString(tr("File \"%1\" doesn't exist in bcfzip").arg(name));
             return false;

@@ -1,62 +1,128 @@
 #include "BCFModel.h"
 
+#include "File.h"
 #include "Io/CacheFolder.h"
 #include "Io/Limits.h"
+#include "Io/NativePath.h"
 #include "Io/ReadAll.h"
 #include "Project.h"
 #include "Topic.h"
 #include "Version.h"
 #include "Viewpoint.h"
 #include "Xml/Text.h"
+#include "Zip/EntryNames.h"
 #include "Zip/EntryWriter.h"
+#include "Zip/SavedFile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
+#include <algorithm>
 #include <new>
 #include <quazip/quazip.h>
+#include <set>
+#include <system_error>
 
 namespace BCFLib {
 
+namespace {
+
+// The names at the root of every archive.
+const QLatin1String versionName("bcf.version");
+const QLatin1String projectName("project.bcfp");
+
+/// The files that are to travel inside the archive. No hash: names can be chosen such that all hash alike.
+std::set<QString> attachedFiles(const QList<Topic *> &topics)
+{
+    std::set<QString> paths;
+    for (const Topic *topic : topics) {
+        for (const File *file : topic->files()) {
+            if (!file->isExternal() && !file->filename().isEmpty()) {
+                paths.insert(file->filename());
+            }
+        }
+    }
+    return paths;
+}
+
+bool isSameFile(const QString &path, const QString &other)
+{
+    std::error_code isMissing;
+    return std::filesystem::equivalent(nativePath(path), nativePath(other), isMissing);
+}
+
+/// Whether an archive at @p path can hold a file, whose name in it is given, with no harm to either.
+bool canHold(const QString &path, const QString &attachment)
+{
+    const QString name = QFileInfo(attachment).fileName();
+    return !EntryNames::areAlike(name, versionName) && !EntryNames::areAlike(name, projectName)
+        && !isSameFile(attachment, path);
+}
+
+/// A folder for each topic: that of its guid, where there can be such a one beside the others.
+QStringList foldersOf(const QList<Topic *> &topics)
+{
+    QVector<EntryNames::Wish> wishes;
+    for (const Topic *topic : topics) {
+        const QString guid = topic->guid();
+        const bool isPath = guid.contains(QLatin1Char('/'));
+        wishes.append({isPath ? QString() : Xml::writableText(guid), QStringLiteral("topic")});
+    }
+    QStringList taken{versionName, projectName};
+    for (const QString &path : attachedFiles(topics)) {
+        taken.append(QFileInfo(path).fileName());
+    }
+    return EntryNames::distinct(wishes, taken);
+}
+
+} // namespace
+
 bool BCFModel::serialize(const QString &path)
 {
-    QFile file(path);
-    QuaZip zip(&file);
     try {
+        for (const QString &attachment : attachedFiles(topics())) {
+            if (!canHold(path, attachment)) {
+                return false;
+            }
+        }
+        SavedFile file(path);
+        QuaZip zip(&file);
+        // Names in the encoding of the system may lack letters, and nothing in the archive would tell which
+        // it is.
+        zip.setUtf8Enabled(true);
         if (!zip.open(QuaZip::mdCreate) || !writeArchive(&zip)) {
             return false;
         }
         zip.close();
+        return zip.getZipError() == ZIP_OK && file.isSound();
     } catch (const std::bad_alloc &) {
         return false;
     }
-    // The last bytes leave the file's buffer on closing, where a full disk shows in the file alone.
-    return zip.getZipError() == ZIP_OK && file.error() == QFileDevice::NoError;
 }
 
 bool BCFModel::writeArchive(QuaZip *zip) const
 {
     if (Version *record = version()) {
         const auto write = [record](QIODevice *device) { return record->serialize(device); };
-        if (!ZipEntries::writeText(zip, QStringLiteral("bcf.version"), write)) {
+        if (!EntryWriter::writeText(zip, versionName, write)) {
             return false;
         }
     }
     if (Project *record = project()) {
-        const auto write = [record](QIODevice *device) { record->serialize(device); };
-        if (!ZipEntries::writeUnchecked(zip, QStringLiteral("project.bcfp"), ZipEntries::noPermissions,
-                                        write)) {
+        const auto write = [record](QIODevice *device) { return record->serialize(device); };
+        if (!EntryWriter::write(zip, projectName, QIODevice::WriteOnly, EntryWriter::noPermissions, write)) {
             return false;
         }
     }
+    const QList<Topic *> all = topics();
+    const QStringList folders = foldersOf(all);
     QStringList files;
-    for (Topic *topic : topics()) {
-        if (!writeTopic(zip, topic, files)) {
+    for (int i = 0; i < all.size(); ++i) {
+        if (!writeTopic(zip, all.at(i), folders.at(i), files)) {
             return false;
         }
     }
     // A file that several topics name is written once.
-    for (const QString &path : QSet<QString>(files.begin(), files.end())) {
+    for (const QString &path : std::set<QString>(files.begin(), files.end())) {
         if (!writeAttachment(zip, path)) {
             return false;
         }
@@ -64,25 +130,24 @@ bool BCFModel::writeArchive(QuaZip *zip) const
     return true;
 }
 
-bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, QStringList &files) const
+bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, const QString &folder, QStringList &files)
 {
-    // Names of entries go the way of the texts that name them.
-    const QString folder = Xml::writableText(topic->guid()) + QLatin1Char('/');
+    const QString path = folder + QLatin1Char('/');
     const auto writeMarkup = [topic, &files](QIODevice *device) { return topic->serialize(device, files); };
-    if (!ZipEntries::writeText(zip, folder + QStringLiteral("markup.bcf"), writeMarkup)) {
+    if (!EntryWriter::writeText(zip, path + QStringLiteral("markup.bcf"), writeMarkup)) {
         return false;
     }
+    const QStringList names = topic->viewpointEntryNames();
+    auto name = names.begin();
     for (Viewpoint *viewpoint : topic->viewpoints()) {
+        const QString viewpointName = *name++;
+        const QString imageName = *name++;
         const auto writeViewpoint = [viewpoint](QIODevice *device) { return viewpoint->serialize(device); };
-        const QString viewpointName = Xml::writableText(viewpoint->viewpointFilename());
-        if (!viewpointName.isEmpty() && !ZipEntries::writeText(zip, folder + viewpointName, writeViewpoint)) {
-            return false;
-        }
         const auto writeImage = [topic, viewpoint](QIODevice *device) {
             return topic->writeSnaphot(viewpoint->guid(), device);
         };
-        const QString imageName = Xml::writableText(viewpoint->snapshotFilename());
-        if (!imageName.isEmpty() && !ZipEntries::writeBytes(zip, folder + imageName, writeImage)) {
+        if ((!viewpointName.isEmpty() && !EntryWriter::writeText(zip, path + viewpointName, writeViewpoint))
+            || (!imageName.isEmpty() && !EntryWriter::writeBytes(zip, path + imageName, writeImage))) {
             return false;
         }
     }
@@ -91,18 +156,14 @@ bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, QStringList &files) const
 
 bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
 {
-    bool isRead = false;
-    const auto write = [&path, &isRead](QIODevice *device) {
+    const auto write = [&path](QIODevice *device) {
         QFile file(path);
         QByteArray bytes;
-        isRead = !CacheFolder::leadsAstray(path) && file.open(QIODevice::ReadOnly)
-            && readToEnd(&file, Limits::attachmentBytes, &bytes) != ReadOutcome::TooLarge;
-        if (isRead) {
-            device->write(bytes);
-        }
+        return !CacheFolder::leadsAstray(path) && file.open(QIODevice::ReadOnly)
+            && readToEnd(&file, Limits::attachmentBytes, &bytes) == ReadOutcome::Complete
+            && device->write(bytes) == bytes.size();
     };
-    return ZipEntries::writeUnchecked(zip, QFileInfo(path).fileName(), ZipEntries::readPermissions, write)
-        && isRead;
+    return EntryWriter::writeBytes(zip, QFileInfo(path).fileName(), write);
 }
 
 } // namespace BCFLib

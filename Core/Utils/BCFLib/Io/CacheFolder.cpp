@@ -1,8 +1,11 @@
 #include "CacheFolder.h"
 
-#include <QFile>
+#include "NativePath.h"
+
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QTemporaryFile>
+#include <system_error>
 
 namespace BCFLib {
 
@@ -48,12 +51,19 @@ QString CacheFolder::pathOf(const QString &memberName) const
 bool CacheFolder::write(const QString &memberName, const QByteArray &bytes) const
 {
     const QString copyPath = _dir.absoluteFilePath(memberName);
-    QFile copy(copyPath);
-    if (!standsBelow(_dir, copyPath) || !copy.open(QIODevice::WriteOnly)) {
+    if (!standsBelow(_dir, copyPath)) {
         return false;
     }
-    copy.write(bytes);
-    return true;
+    // Beside the copy, so that nobody ever sees a part of it, and what has its name now is not opened.
+    QTemporaryFile part(QFileInfo(copyPath).path() + QStringLiteral("/XXXXXX.part"));
+    if (!part.open() || part.write(bytes) != bytes.size() || !part.flush()) {
+        return false;
+    }
+    part.close();
+    std::error_code failure;
+    std::filesystem::rename(nativePath(part.fileName()), nativePath(copyPath), failure);
+    part.setAutoRemove(static_cast<bool>(failure));
+    return !failure && part.error() == QFileDevice::NoError;
 }
 
 bool CacheFolder::leadsAstray(const QString &path)

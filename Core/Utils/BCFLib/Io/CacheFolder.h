@@ -22,9 +22,9 @@ public:
     /// Absolute path of the copy of the entry of that name.
     QString pathOf(const QString &memberName) const;
 
-    /// Replaces the copy of the entry of that name. A write that fails half-way is not noticed.
+    /// Replaces the copy of the entry of that name, at once and as a whole.
     ///
-    /// False if the file can't be opened, also because its folder isn't there, or if the name,
+    /// False if the file can't be written, also because its folder isn't there, or if the name,
     /// which comes from a stranger, leads out of the cache folder, by itself or by a symbolic link.
     bool write(const QString &memberName, const QByteArray &bytes) const;
 

@@ -30,11 +30,23 @@ constexpr qint64 snapshotBytes = 256LL * 1024 * 1024;
 /// Bytes of one attachment: what a QByteArray can hold with its own bookkeeping.
 constexpr qint64 attachmentBytes = 2LL * 1024 * 1024 * 1024 - 64;
 
-/// Bytes that the entries of one archive bring together: so many, and this much for each byte of the
-/// archive's own. Deflate packs what tools write to between a third and a fiftieth; entries that
-/// share their bytes, or that a markup names a thousand times, would bring any number.
+/// What the entries of one archive may cost together, in bytes that they unpack to: so many, and this much
+/// for each byte of the archive's own. Deflate packs what tools write to between a third and a fiftieth;
+/// entries that share their bytes, or that a markup names a thousand times, would bring any number.
 constexpr qint64 archiveBytes = xmlBytes;
 constexpr qint64 archiveGrowth = 64;
+
+/// What a packed byte that is read costs: it can unpack to nothing, and take as long as so many that come
+/// out.
+constexpr qint64 packedByteCost = 8;
+
+/// What opening an entry costs.
+constexpr qint64 openingCost = 2048;
+
+/// Nodes of all XML files of one archive, counted as for one: so many, and this much for each byte of the
+/// archive's own.
+constexpr qint64 archiveNodes = 3LL * 1000 * 1000;
+constexpr qint64 archiveNodeGrowth = 1;
 
 } // namespace Limits
 } // namespace BCFLib

@@ -9,6 +9,8 @@
 #include "Viewpoint.h"
 #include "Xml/Elements.h"
 #include "Xml/Printer.h"
+#include "Xml/Text.h"
+#include "Zip/EntryNames.h"
 
 #include <QDomDocument>
 #include <QFileInfo>
@@ -117,12 +119,27 @@ void Topic::writeComments(QDomDocument &doc, QDomElement &parent)
 
 void Topic::writeViewpoints(QDomDocument &doc, QDomElement &parent)
 {
+    const QStringList names = viewpointEntryNames();
+    auto name = names.begin();
     for (const Viewpoint *viewpoint : viewpoints()) {
         QDomElement element = Xml::appendElement(doc, parent, QStringLiteral("Viewpoints"));
         Xml::setAttribute(element, QStringLiteral("Guid"), viewpoint->guid());
-        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), viewpoint->viewpointFilename());
-        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), viewpoint->snapshotFilename());
+        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), *name++);
+        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), *name++);
     }
+}
+
+QStringList Topic::viewpointEntryNames() const
+{
+    QVector<EntryNames::Wish> wishes;
+    const auto append = [&wishes](const QString &name, const QString &substitute) {
+        wishes.append({Xml::writableText(name), name.isEmpty() ? QString() : substitute});
+    };
+    for (const Viewpoint *viewpoint : viewpoints()) {
+        append(viewpoint->viewpointFilename(), QStringLiteral("viewpoint.bcfv"));
+        append(viewpoint->snapshotFilename(), QStringLiteral("snapshot.png"));
+    }
+    return EntryNames::distinct(wishes, {QStringLiteral("markup.bcf")});
 }
 
 bool Topic::writeSnaphot(const QString &guid, QIODevice *device)

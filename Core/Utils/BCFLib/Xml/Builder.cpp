@@ -1,6 +1,7 @@
 #include "Builder.h"
 
 #include "Io/Limits.h"
+#include "Io/ReadBudget.h"
 
 #include <QString>
 #include <algorithm>
@@ -67,11 +68,13 @@ struct Callbacks
     }
 };
 
-Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousElements)
+Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousElements,
+                 ReadBudget *budget)
     : _parser(XML_ParserCreate("UTF-8"), XML_ParserFree)
     , _document(document)
     , _node(*document)
     , _numerous(std::move(numerousElements))
+    , _budget(budget)
 {
     XML_Parser parser = _parser.get();
     if (parser == nullptr) {
@@ -150,7 +153,10 @@ void Builder::refuse()
 void Builder::count(qint64 nodes)
 {
     _nodes += nodes;
-    if (_nodes > Limits::xmlNodes) {
+    if (_budget != nullptr) {
+        _budget->spendNodes(nodes);
+    }
+    if (_nodes > Limits::xmlNodes || (_budget != nullptr && _budget->isSpent())) {
         refuse();
     }
 }

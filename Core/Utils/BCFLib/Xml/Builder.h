@@ -13,6 +13,9 @@
 #include <vector>
 
 namespace BCFLib {
+
+class ReadBudget;
+
 namespace Xml {
 
 /// Builds a document from XML text that comes in pieces.
@@ -22,8 +25,8 @@ class Builder
 {
 public:
     /// Appends to @p document. Numerous elements, which are kept in runs, are named by their path below the
-    /// root.
-    Builder(QDomDocument *document, std::vector<std::string_view> numerousElements);
+    /// root. Where there is a budget, what comes is taken from it.
+    Builder(QDomDocument *document, std::vector<std::string_view> numerousElements, ReadBudget *budget);
 
     /// Parses the next piece of UTF-8. False, once and for all, if it is malformed or refused.
     bool parse(std::string_view text, bool isLast);
@@ -66,6 +69,7 @@ private:
     /// How many elements of the run are open.
     int _runDepth = 0;
 
+    ReadBudget *_budget;
     qint64 _nodes = 0;
     qint64 _bytes = 0;
     /// Quotation marks in a tag that has not ended yet.

@@ -3,6 +3,7 @@
 #include "Builder.h"
 #include "Decoder.h"
 #include "Io/Limits.h"
+#include "Io/ReadBudget.h"
 
 #include <QDomDocument>
 #include <QIODevice>
@@ -35,7 +36,8 @@ bool parse(QIODevice *device, QDomDocument *document, const NumerousElements &nu
     // A document is null, and nothing to append to, until it makes a node.
     document->createTextNode(QString());
     Decoder decoder;
-    Builder builder(document, numerousElements);
+    const auto *budgeted = dynamic_cast<BudgetedDevice *>(device);
+    Builder builder(document, numerousElements, budgeted != nullptr ? budgeted->budget() : nullptr);
     std::vector<char> block(blockSize);
     qint64 bytes = 0;
     for (bool isLast = false; !isLast;) {

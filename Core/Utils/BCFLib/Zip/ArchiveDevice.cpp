@@ -1,6 +1,8 @@
 #include "ArchiveDevice.h"
 
+#include <QFileInfo>
 #include <cstring>
+#include <quazip/quazip.h>
 
 namespace BCFLib {
 
@@ -10,65 +12,99 @@ constexpr qint64 blockSize = 16LL * 1024;
 
 } // namespace
 
-ArchiveFile::ArchiveFile(const QString &path)
+ArchiveDevice::ArchiveDevice(const QString &path)
     : _file(path)
+    , _bytes(new char[static_cast<size_t>(blockSize) * _slots.size()])
+    , _budget(_file.size())
 {
 }
 
-ArchiveFile::~ArchiveFile() = default;
+ArchiveDevice::~ArchiveDevice() = default;
 
-bool ArchiveFile::open(OpenMode mode)
+ArchiveDevice *ArchiveDevice::of(const QuaZip *zip)
+{
+    return dynamic_cast<ArchiveDevice *>(zip->getIoDevice());
+}
+
+bool ArchiveDevice::open(OpenMode mode)
 {
     // Without a buffer, as what is read goes through the blocks.
-    return mode == ReadOnly && _file.open(mode | Unbuffered) && QIODevice::open(mode | Unbuffered);
+    if (mode != ReadOnly || !_file.open(mode | Unbuffered)) {
+        return false;
+    }
+    _size = _file.size();
+    _modified = QFileInfo(_file.fileName()).lastModified();
+    return QIODevice::open(mode | Unbuffered);
 }
 
-void ArchiveFile::close()
+void ArchiveDevice::close()
 {
     QIODevice::close();
     _file.close();
 }
 
-bool ArchiveFile::isSequential() const
+bool ArchiveDevice::isSequential() const
 {
     return _file.isSequential();
 }
 
-qint64 ArchiveFile::size() const
+qint64 ArchiveDevice::size() const
 {
-    return _file.size();
+    return _size;
 }
 
-qint64 ArchiveFile::readData(char *data, qint64 maxSize)
+ReadBudget *ArchiveDevice::budget() const
+{
+    return &_budget;
+}
+
+Directory &ArchiveDevice::directory()
+{
+    return _directory;
+}
+
+bool ArchiveDevice::isSound() const
+{
+    const QFileInfo now(_file.fileName());
+    const bool wasOpened = _modified.isValid();
+    return _isSound && (!wasOpened || (now.size() == _size && now.lastModified() == _modified));
+}
+
+qint64 ArchiveDevice::readData(char *data, qint64 maxSize)
 {
     qint64 length = 0;
-    while (length < maxSize) {
+    while (length < maxSize && !_budget.isSpent()) {
         const qint64 position = pos() + length;
-        const QByteArray &bytes = block(position / blockSize);
+        const Block block = this->block(position / blockSize);
         const qint64 offset = position % blockSize;
-        const qint64 count = qMin(bytes.size() - offset, maxSize - length);
+        const qint64 count = qMin(block.size - offset, maxSize - length);
         if (count <= 0) {
             break;
         }
-        std::memcpy(data + length, bytes.constData() + offset, static_cast<size_t>(count));
+        std::memcpy(data + length, block.bytes + offset, static_cast<size_t>(count));
         length += count;
     }
+    _budget.spendBytes(Limits::packedByteCost * length);
     return length;
 }
 
-qint64 ArchiveFile::writeData(const char * /*data*/, qint64 /*maxSize*/)
+qint64 ArchiveDevice::writeData(const char * /*data*/, qint64 /*maxSize*/)
 {
     return -1;
 }
 
-const QByteArray &ArchiveFile::block(qint64 number)
+ArchiveDevice::Block ArchiveDevice::block(qint64 number)
 {
-    Slot &slot = _slots[static_cast<size_t>(number) % _slots.size()];
-    if (slot.block != number) {
-        slot.block = number;
-        slot.bytes = _file.seek(number * blockSize) ? _file.read(blockSize) : QByteArray();
+    const size_t index = static_cast<size_t>(number) % _slots.size();
+    Slot &slot = _slots[index];
+    char *bytes = _bytes.get() + static_cast<size_t>(blockSize) * index;
+    if (slot.number != number) {
+        const qint64 start = number * blockSize;
+        slot.number = number;
+        slot.size = _file.seek(start) ? qMax<qint64>(0, _file.read(bytes, blockSize)) : 0;
+        _isSound = _isSound && slot.size >= qMin(blockSize, _size - start);
     }
-    return slot.bytes;
+    return {bytes, slot.size};
 }
 
 } // namespace BCFLib

@@ -1,47 +1,76 @@
 #ifndef BCFLIB_ZIP_ARCHIVEDEVICE_H
 #define BCFLIB_ZIP_ARCHIVEDEVICE_H
 
-#include <QByteArray>
+#include "Directory.h"
+#include "Io/ReadBudget.h"
+
+#include <QDateTime>
 #include <QFile>
 #include <QIODevice>
 #include <QString>
 
 #include <array>
+#include <memory>
+
+class QuaZip;
 
 namespace BCFLib {
 
-/// An archive on disk, for reading here and there.
+/// An archive on disk, for reading here and there at the cost of its budget.
 ///
 /// For each entry a zip reader goes to the archive's directory, to the entry and back. A QFile forgets
 /// what it has read with each such leap, and reads the same part of the directory again and again; this
-/// device keeps a megabyte of what was read last.
-class ArchiveFile : public QIODevice
+/// device keeps a megabyte of what was read last. It reads no more once the budget is spent.
+class ArchiveDevice : public QIODevice, public BudgetedDevice
 {
 public:
-    explicit ArchiveFile(const QString &path);
-    ~ArchiveFile() override;
+    explicit ArchiveDevice(const QString &path);
+    ~ArchiveDevice() override;
+
+    /// The device that an archive was opened by; null if that was a device of another kind.
+    static ArchiveDevice *of(const QuaZip *zip);
 
     bool open(OpenMode mode) override;
     void close() override;
     bool isSequential() const override;
     qint64 size() const override;
 
+    ReadBudget *budget() const override;
+    /// Empty until somebody has read it.
+    Directory &directory();
+
+    /// Whether all reads so far went well, and the file is still the one that was opened.
+    bool isSound() const;
+
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
     qint64 writeData(const char *data, qint64 maxSize) override;
 
 private:
+    struct Block
+    {
+        const char *bytes;
+        qint64 size;
+    };
     struct Slot
     {
-        qint64 block = -1;
-        QByteArray bytes;
+        qint64 number = -1;
+        qint64 size = 0;
     };
 
-    /// The bytes of the block of that number; fewer than a whole block at the end of the file.
-    const QByteArray &block(qint64 number);
+    /// The block of that number; smaller than others at the end of the file.
+    Block block(qint64 number);
 
     QFile _file;
     std::array<Slot, 64> _slots;
+    /// The bytes of all slots. Nothing is allocated later on, as a zip reader may not be thrown through.
+    std::unique_ptr<char[]> _bytes;
+    Directory _directory;
+    mutable ReadBudget _budget;
+    /// What the file was like when it was opened.
+    qint64 _size = 0;
+    QDateTime _modified;
+    bool _isSound = true;
 };
 
 } // namespace BCFLib

@@ -1,6 +1,6 @@
 #include "EntryReader.h"
 
-#include "Io/Limits.h"
+#include "ArchiveDevice.h"
 
 #include <new>
 #include <quazip/quazip.h>
@@ -15,34 +15,20 @@ constexpr int stored = 0;
 
 } // namespace
 
-ReadBudget::ReadBudget(qint64 archiveSize)
-    : _bytesLeft(Limits::archiveBytes + Limits::archiveGrowth * archiveSize)
-{
-}
-
-ReadBudget::~ReadBudget() = default;
-
-void ReadBudget::spend(qint64 bytes)
-{
-    _bytesLeft -= bytes;
-}
-
-bool ReadBudget::isSpent() const
-{
-    return _bytesLeft <= 0;
-}
-
-ArchiveEntry::ArchiveEntry(QuaZip *zip)
+EntryReader::EntryReader(QuaZip *zip)
     : QuaZipFile(zip)
-    , _budget(dynamic_cast<ReadBudget *>(zip->getIoDevice()))
 {
+    if (const ArchiveDevice *device = ArchiveDevice::of(zip)) {
+        _budget = device->budget();
+    }
 }
 
-bool ArchiveEntry::open(OpenMode mode)
+bool EntryReader::open(OpenMode mode)
 {
-    if (_budget != nullptr && _budget->isSpent()) {
+    if (isSpent()) {
         return false;
     }
+    spend(Limits::openingCost);
     int method = 0;
     int level = 0;
     if (!QuaZipFile::open(mode, &method, &level, false)) {
@@ -56,18 +42,32 @@ bool ArchiveEntry::open(OpenMode mode)
     return true;
 }
 
-qint64 ArchiveEntry::readData(char *data, qint64 maxSize)
+ReadBudget *EntryReader::budget() const
 {
-    const bool isSpent = _budget != nullptr && _budget->isSpent();
-    const qint64 count = isSpent ? -1 : QuaZipFile::readData(data, maxSize);
+    return _budget;
+}
+
+qint64 EntryReader::readData(char *data, qint64 maxSize)
+{
+    const qint64 count = isSpent() ? -1 : QuaZipFile::readData(data, maxSize);
     throwIfOutOfMemory();
-    if (_budget != nullptr) {
-        _budget->spend(qMax<qint64>(0, count));
-    }
+    spend(qMax<qint64>(0, count));
     return count;
 }
 
-void ArchiveEntry::throwIfOutOfMemory() const
+bool EntryReader::isSpent() const
+{
+    return _budget != nullptr && _budget->isSpent();
+}
+
+void EntryReader::spend(qint64 bytes)
+{
+    if (_budget != nullptr) {
+        _budget->spendBytes(bytes);
+    }
+}
+
+void EntryReader::throwIfOutOfMemory() const
 {
     if (getZipError() == UNZ_INTERNALERROR || getZipError() == Z_MEM_ERROR) {
         throw std::bad_alloc();

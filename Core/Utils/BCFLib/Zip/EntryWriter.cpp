@@ -1,11 +1,8 @@
 #include "EntryWriter.h"
 
 #include <quazip/quazip.h>
-#include <quazip/quazipdir.h>
 #include <quazip/quazipfile.h>
-#include <quazip/quazipfileinfo.h>
 #include <quazip/quazipnewinfo.h>
-#include <set>
 #include <zlib.h>
 
 namespace BCFLib {
@@ -15,49 +12,34 @@ namespace {
 constexpr int windowBits = -15;
 constexpr int memoryLevel = 8;
 
-bool openEntry(QuaZipFile *entry, const QString &name, QIODevice::OpenMode mode,
-               QFileDevice::Permissions permissions)
+} // namespace
+
+bool EntryWriter::write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
+                        QFileDevice::Permissions permissions, const std::function<bool(QIODevice *)> &writeTo)
 {
     QuaZipNewInfo info(name);
-    if (permissions != ZipEntries::noPermissions) {
+    if (permissions != noPermissions) {
         info.setPermissions(permissions);
     }
-    return entry->open(mode, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, windowBits,
-                       memoryLevel, Z_DEFAULT_STRATEGY);
-}
-
-bool writeChecked(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
-                  const std::function<bool(QIODevice *)> &write)
-{
     QuaZipFile entry(zip);
-    if (!openEntry(&entry, name, mode, ZipEntries::readPermissions) || !write(&entry)) {
+    if (!entry.open(mode, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, windowBits, memoryLevel,
+                    Z_DEFAULT_STRATEGY)
+        || !writeTo(&entry)) {
         return false;
     }
     entry.close();
     return entry.getZipError() == ZIP_OK;
 }
 
-} // namespace
-
-bool ZipEntries::writeText(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &write)
+bool EntryWriter::writeText(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &writeTo)
 {
-    return writeChecked(zip, name, QIODevice::WriteOnly | QIODevice::Text, write);
+    return write(zip, name, QIODevice::WriteOnly | QIODevice::Text, readPermissions, writeTo);
 }
 
-bool ZipEntries::writeBytes(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &write)
+bool EntryWriter::writeBytes(QuaZip *zip, const QString &name,
+                             const std::function<bool(QIODevice *)> &writeTo)
 {
-    return writeChecked(zip, name, QIODevice::WriteOnly, write);
-}
-
-bool ZipEntries::writeUnchecked(QuaZip *zip, const QString &name, QFileDevice::Permissions permissions,
-                                const std::function<void(QIODevice *)> &write)
-{
-    QuaZipFile entry(zip);
-    if (!openEntry(&entry, name, QIODevice::WriteOnly, permissions)) {
-        return false;
-    }
-    write(&entry);
-    return true;
+    return write(zip, name, QIODevice::WriteOnly, readPermissions, writeTo);
 }
 
 } // namespace BCFLib

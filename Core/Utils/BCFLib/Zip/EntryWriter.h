@@ -11,22 +11,22 @@ class QuaZip;
 
 namespace BCFLib {
 
-/// Writes the entries of a zip.
-namespace ZipEntries {
+/// Writes an entry of a zip.
+namespace EntryWriter {
 
 constexpr QFileDevice::Permissions noPermissions;
 constexpr QFileDevice::Permissions readPermissions =
     QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 
-/// Writes an entry in text mode; false if it can't be opened, written or closed.
-bool writeText(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &write);
-/// Writes an entry; false if it can't be opened, written or closed.
-bool writeBytes(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &write);
-/// Writes an entry; false only if it can't be opened.
-bool writeUnchecked(QuaZip *zip, const QString &name, QFileDevice::Permissions permissions,
-                    const std::function<void(QIODevice *)> &write);
+/// False if the entry can't be opened, written or closed.
+bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode, QFileDevice::Permissions permissions,
+           const std::function<bool(QIODevice *)> &writeTo);
+/// The same in text mode, for all to read.
+bool writeText(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &writeTo);
+/// The same for bytes.
+bool writeBytes(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &writeTo);
 
-} // namespace ZipEntries
+} // namespace EntryWriter
 } // namespace BCFLib
 
 #endif // BCFLIB_ZIP_ENTRYWRITER_H

@@ -1,0 +1,23 @@
+#ifndef BCFLIB_IO_NATIVEPATH_H
+#define BCFLIB_IO_NATIVEPATH_H
+
+#include <QFile>
+#include <QString>
+
+#include <filesystem>
+
+namespace BCFLib {
+
+/// A path as the standard library takes it.
+inline std::filesystem::path nativePath(const QString &path)
+{
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
+} // namespace BCFLib
+
+#endif // BCFLIB_IO_NATIVEPATH_H

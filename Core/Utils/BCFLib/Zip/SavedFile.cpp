@@ -1,0 +1,45 @@
+#include "SavedFile.h"
+
+#include <new>
+
+namespace BCFLib {
+
+bool SavedFile::seek(qint64 position)
+{
+    // Writes what is in the buffer first, as closing does.
+    return note([=] { return QFile::seek(position); });
+}
+
+void SavedFile::close()
+{
+    if (isOpen()) {
+        note([=] { return flush(); });
+        QFile::close();
+        _isSound = _isSound && error() == NoError;
+    }
+}
+
+bool SavedFile::isSound() const
+{
+    return _isSound;
+}
+
+qint64 SavedFile::writeData(const char *data, qint64 size)
+{
+    return note([=] { return QFile::writeData(data, size) == size; }) ? size : -1;
+}
+
+/// A zip writer may not be thrown through.
+template<class Work>
+bool SavedFile::note(const Work &work)
+{
+    bool isDone = false;
+    try {
+        isDone = work();
+    } catch (const std::bad_alloc &) {
+    }
+    _isSound = _isSound && isDone;
+    return isDone;
+}
+
+} // namespace BCFLib

@@ -1,0 +1,34 @@
+#ifndef BCFLIB_ZIP_SAVEDFILE_H
+#define BCFLIB_ZIP_SAVEDFILE_H
+
+#include <QFile>
+
+namespace BCFLib {
+
+/// A file that is written and knows whether all of it was.
+///
+/// A QFile forgets that it could not write as soon as it can again.
+class SavedFile : public QFile
+{
+public:
+    using QFile::QFile;
+
+    bool seek(qint64 position) override;
+    void close() override;
+
+    /// Whether nothing has failed so far.
+    bool isSound() const;
+
+protected:
+    qint64 writeData(const char *data, qint64 size) override;
+
+private:
+    template<class Work>
+    bool note(const Work &work);
+
+    bool _isSound = true;
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_ZIP_SAVEDFILE_H
