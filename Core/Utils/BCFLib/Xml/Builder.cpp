@@ -68,8 +68,7 @@ struct Callbacks
     }
 };
 
-Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousElements,
-                 ReadBudget *budget)
+Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousElements, ReadBudget *budget)
     : _parser(XML_ParserCreate("UTF-8"), XML_ParserFree)
     , _document(document)
     , _node(*document)
