@@ -50,7 +50,8 @@ QString archiveWithThread(TestArchive &archive)
     const QByteArray comments =
         "<Comment Guid=\"1\"><Author>me</Author><Comment>one</Comment></Comment>"
         "<Comment Guid=\"2\"><Author>me</Author><Comment>two</Comment><ReplyToComment Guid=\"1\"/></Comment>"
-        "<Comment Guid=\"3\"><Author>you</Author><Comment>three</Comment></Comment>";
+        "<Comment Guid=\"3\"><Author>you</Author><Comment>three</Comment></Comment>"
+        "<Viewpoints Guid=\"v\"><Viewpoint>viewpoint.bcfv</Viewpoint></Viewpoints>";
     const QByteArray rest =
         "<CreationAuthor>a</CreationAuthor><CreationDate>2024-01-01T00:00:00Z</CreationDate>";
     return archive.addTopic("<Title>T</Title><Labels>a</Labels>" + rest, comments)
@@ -162,12 +163,15 @@ void TestIssueBrowserEditing::draftsStayWithTheirTopics()
     Browser browser(archiveWithThread(archive));
     auto *const draft = browser.part<QPlainTextEdit>("draft");
     browser.part<QLineEdit>("author")->setText("me");
+    auto *const view = browser.part<QComboBox>("viewpointChooser");
     draft->setPlainText("of T");
+    view->setCurrentIndex(1);
     pick(browser, 1);
     QVERIFY(draft->toPlainText().isEmpty());
     draft->setPlainText("of U");
     pick(browser, 0);
     QCOMPARE(draft->toPlainText(), QString("of T"));
+    QCOMPARE(view->currentIndex(), 1);
 
     // That of a topic that goes is none any more, and comes back with it.
     browser.trigger("deleteTopic");

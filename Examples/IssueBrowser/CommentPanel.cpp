@@ -129,7 +129,9 @@ void CommentPanel::setTopic(Topic *topic)
     keepDraft();
     _model->setTopic(topic);
     _view->setTopic(topic);
-    _text->setPlainText(_drafts.take(topic));
+    const Draft draft = _drafts.take(topic);
+    _view->setViewpoint(draft.view);
+    _text->setPlainText(draft.text);
     _text->moveCursor(QTextCursor::End);
     updateButtons();
 }
@@ -156,7 +158,7 @@ void CommentPanel::keepDraft()
 {
     Topic *const topic = _model->topic();
     if (topic && isWriting()) {
-        _drafts.insert(topic, _text->toPlainText());
+        _drafts.insert(topic, {_text->toPlainText(), _view->viewpoint()});
         connect(topic, &QObject::destroyed, this, [this, topic] { _drafts.remove(topic); });
     }
 }
@@ -186,11 +188,11 @@ bool CommentPanel::addDrafts()
     }
     keepDraft();
     _text->clear();
-    const QHash<Topic *, QString> drafts = std::exchange(_drafts, {});
+    const QHash<Topic *, Draft> drafts = std::exchange(_drafts, {});
     for (auto draft = drafts.cbegin(); draft != drafts.cend(); ++draft) {
         // A topic that was deleted may come back, but not here.
         if (draft.key()->parent()) {
-            _editor->addComment(draft.key(), draft.value(), nullptr, nullptr);
+            _editor->addComment(draft.key(), draft->text, nullptr, draft->view);
         }
     }
     return true;

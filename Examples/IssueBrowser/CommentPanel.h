@@ -7,6 +7,7 @@
 namespace BCFLib {
 class Comment;
 class Topic;
+class Viewpoint;
 }
 
 class ArchiveEditor;
@@ -61,9 +62,16 @@ private:
     bool isWriting() const;
     void updateButtons();
 
+    /// A comment that is not added yet.
+    struct Draft
+    {
+        QString text;
+        BCFLib::Viewpoint *view = nullptr;
+    };
+
     ArchiveEditor *_editor;
-    /// What is written for topics that are not shown.
-    QHash<BCFLib::Topic *, QString> _drafts;
+    /// Those of topics that are not shown.
+    QHash<BCFLib::Topic *, Draft> _drafts;
     CommentTreeModel *_model;
     QTreeView *_tree;
     QPlainTextEdit *_text;
