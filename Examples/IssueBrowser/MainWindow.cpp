@@ -30,6 +30,7 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -248,10 +249,15 @@ QString MainWindow::saveMeanwhile(const QString &path)
     const BCFLib::Topic *const topic = _topicArea->topic();
     const BCFLib::Comment *const comment = _comments->current();
     const BCFLib::Viewpoint *const viewpoint = _viewpoints->current();
+    QScrollBar *const scrollBar = _topicArea->table()->verticalScrollBar();
+    const int place = scrollBar->value();
     const QPointer<QWidget> focus = focusWidget();
+    // The parts are empty meanwhile; a picture of them stands before them.
+    QLabel picture(this);
+    picture.setPixmap(centralWidget()->grab());
+    picture.setGeometry(centralWidget()->geometry());
+    picture.show();
     setBusy(true);
-    // Neither does anybody see that the parts are empty meanwhile.
-    centralWidget()->setUpdatesEnabled(false);
     _topics->setAway(true);
 
     ArchiveSaver saver(*_archive, path);
@@ -270,8 +276,8 @@ QString MainWindow::saveMeanwhile(const QString &path)
         _topicArea->pick(topic);
         _comments->setCurrent(comment);
         _viewpoints->setCurrent(viewpoint);
+        scrollBar->setValue(place);
     }
-    centralWidget()->setUpdatesEnabled(true);
     setBusy(false);
     if (focus) {
         focus->setFocus();
