@@ -241,6 +241,10 @@ void TestIssueBrowserDisplay::attachments()
     QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
     QVERIFY(QApplication::clipboard()->text().startsWith("https://example.com/clinic/clashes/204\nclinic-"));
 
+    emit browser.part<QTableView>("topics")->doubleClicked(QModelIndex());
+    QVERIFY(browser.part<QLineEdit>("title")->hasFocus());
+    pages->setCurrentIndex(1);
+
     // The second click of a double one doesn't lead on, back to the first topic.
     const QModelIndex related = list->model()->index(4, 0);
     list->scrollTo(related);
@@ -312,8 +316,7 @@ void TestIssueBrowserDisplay::snapshotIsEnlargedAndSaved()
 
     const TestArchive folder;
     const QString path = folder.path("saved.png");
-    QTimer::singleShot(0, [&path] {
-        auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    whenAsked<QFileDialog>([&path](QFileDialog *dialog) {
         dialog->findChild<QLineEdit *>("fileNameEdit")->setText(path);
         QTest::keyClick(dialog, Qt::Key_Return);
     });

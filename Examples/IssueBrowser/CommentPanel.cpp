@@ -66,7 +66,7 @@ CommentPanel::CommentPanel(ArchiveEditor *editor, QWidget *parent)
     _text->setPlaceholderText(tr("Write a comment"));
     _text->setTabChangesFocus(true);
     _text->setFixedHeight(_text->fontMetrics().lineSpacing() * draftLines);
-    _add->setShortcut(Qt::CTRL + Qt::Key_Return);
+    _add->setShortcut(QKeySequence(QStringLiteral("Ctrl+Return")));
     auto *const keys = new FieldKeys(this);
     keys->watch(_text);
     keys->watch(_author);

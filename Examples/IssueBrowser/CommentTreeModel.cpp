@@ -106,7 +106,8 @@ int CommentTreeModel::append(Comment *comment, int parent)
 {
     const int node = _nodes.size();
     const int place = _nodes.at(parent).depth < deepest ? parent : _nodes.at(parent).parent;
-    _nodes.append({comment, place, _nodes.at(place).children.size(), _nodes.at(place).depth + 1});
+    const Node &above = _nodes.at(place);
+    _nodes.append({comment, place, static_cast<int>(above.children.size()), above.depth + 1});
     _nodes[place].children.append(node);
     return node;
 }

@@ -86,6 +86,15 @@ QString draggedFile(const QMimeData *data)
     return urls.size() == 1 ? urls.first().toLocalFile() : QString();
 }
 
+/// As QMenu::addAction(), whose order of arguments depends on Qt's version.
+template<class Receiver, class Slot>
+QAction *addEntry(QMenu *menu, const QString &text, const QKeySequence &keys, Receiver *receiver, Slot slot)
+{
+    QAction *const action = menu->addAction(text, receiver, slot);
+    action->setShortcut(keys);
+    return action;
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent)
@@ -153,17 +162,17 @@ MainWindow::~MainWindow()
 void MainWindow::makeActions()
 {
     QMenu *const file = menuBar()->addMenu(tr("&File"));
-    _open = file->addAction(tr("&Open…"), this, &MainWindow::chooseAndOpen, QKeySequence::Open);
+    _open = addEntry(file, tr("&Open…"), QKeySequence::Open, this, &MainWindow::chooseAndOpen);
     auto *const recent = new RecentFilesMenu(file);
     connect(recent, &RecentFilesMenu::picked, this, &MainWindow::open);
     file->addMenu(recent);
-    _save = file->addAction(tr("&Save"), this, &MainWindow::saveInPlace, QKeySequence::Save);
-    _saveAs =
-        file->addAction(tr("Save &As…"), this, &MainWindow::chooseAndSave, Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    _save = addEntry(file, tr("&Save"), QKeySequence::Save, this, &MainWindow::saveInPlace);
+    _saveAs = addEntry(file, tr("Save &As…"), QKeySequence(QStringLiteral("Ctrl+Shift+S")), this,
+                       &MainWindow::chooseAndSave);
     _save->setObjectName(QStringLiteral("save"));
     _saveAs->setObjectName(QStringLiteral("saveAs"));
     file->addSeparator();
-    file->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
+    addEntry(file, tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), this, &QWidget::close);
 
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
     // An edit that is under way is the first one to undo.
@@ -176,13 +185,12 @@ void MainWindow::makeActions()
     _redo->setShortcut(QKeySequence::Redo);
     edit->addActions({_undo, _redo});
     edit->addSeparator();
-    edit->addAction(tr("&Find Topics"), _topicArea, &TopicArea::find, QKeySequence::Find);
+    addEntry(edit, tr("&Find Topics"), QKeySequence::Find, _topicArea, &TopicArea::find);
     edit->addSeparator();
-    _newTopic = edit->addAction(tr("&New Topic"), this, &MainWindow::addTopic, QKeySequence::New);
-    _editTitle = edit->addAction(tr("Edit &Title"), _topicPanel, &TopicPanel::editTitle, Qt::Key_F2);
-    _deleteTopic = edit->addAction(
-        tr("&Delete Topic"), this, [this] { _editor->removeTopic(_topicArea->topic()); },
-        QKeySequence::Delete);
+    _newTopic = addEntry(edit, tr("&New Topic"), QKeySequence::New, this, &MainWindow::addTopic);
+    _editTitle = addEntry(edit, tr("Edit &Title"), Qt::Key_F2, _topicPages, &TopicPages::editTitle);
+    _deleteTopic = addEntry(edit, tr("&Delete Topic"), QKeySequence::Delete, this,
+                            [this] { _editor->removeTopic(_topicArea->topic()); });
     _newTopic->setObjectName(QStringLiteral("newTopic"));
     _deleteTopic->setObjectName(QStringLiteral("deleteTopic"));
     // With the focus elsewhere these keys mean something else.
@@ -199,7 +207,7 @@ void MainWindow::connectParts()
 {
     connect(_loader, &ArchiveLoader::progressed, _progress, &QProgressBar::setValue);
     connect(_loader, &ArchiveLoader::loaded, this, &MainWindow::showOutcome);
-    connect(_topicArea->table(), &QTableView::doubleClicked, _topicPanel, &TopicPanel::editTitle);
+    connect(_topicArea->table(), &QTableView::doubleClicked, _topicPages, &TopicPages::editTitle);
     connect(_topicArea, &TopicArea::picked, this, &MainWindow::showTopic);
     connect(_topicPages, &TopicPages::topicRequested, _topicArea, &TopicArea::pick);
     connect(_editor->history(), &QUndoStack::cleanChanged, this,
@@ -410,7 +418,7 @@ void MainWindow::addTopic()
 {
     submit();
     _editor->addTopic(tr("New topic"));
-    _topicPanel->editTitle();
+    _topicPages->editTitle();
 }
 
 void MainWindow::tell(QMessageBox::Icon icon, const QString &title, const QString &text)

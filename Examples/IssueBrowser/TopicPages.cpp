@@ -2,6 +2,7 @@
 
 #include "AttachmentListModel.h"
 #include "CopyAction.h"
+#include "TopicPanel.h"
 
 #include <QDesktopServices>
 #include <QListView>
@@ -10,8 +11,9 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-TopicPages::TopicPages(QWidget *fields, QWidget *parent)
+TopicPages::TopicPages(TopicPanel *fields, QWidget *parent)
     : QWidget(parent)
+    , _fields(fields)
     , _pages(new QTabWidget)
     , _attachments(new AttachmentListModel(this))
     , _list(new QListView)
@@ -51,6 +53,12 @@ void TopicPages::setTopic(const BCFLib::Topic *topic)
 {
     _attachments->setTopic(topic);
     _pages->setTabText(1, tr("Lin&ks and Files (%1)").arg(QLocale().toString(_attachments->rowCount())));
+}
+
+void TopicPages::editTitle()
+{
+    _pages->setCurrentIndex(0);
+    _fields->editTitle();
 }
 
 bool TopicPages::goToRelated(const QModelIndex &index)

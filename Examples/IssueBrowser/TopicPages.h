@@ -10,6 +10,7 @@ class Topic;
 class AttachmentListModel;
 class QListView;
 class QTabWidget;
+class TopicPanel;
 
 /// The pages of one topic: its fields, and what it points to.
 class TopicPages : public QWidget
@@ -17,10 +18,12 @@ class TopicPages : public QWidget
     Q_OBJECT
 
 public:
-    explicit TopicPages(QWidget *fields, QWidget *parent = nullptr);
+    explicit TopicPages(TopicPanel *fields, QWidget *parent = nullptr);
 
     /// Shows what another topic points to; null for none.
     void setTopic(const BCFLib::Topic *topic);
+    /// Brings the user to the title.
+    void editTitle();
 
 signals:
     /// The user wants to go to a related topic.
@@ -30,6 +33,7 @@ private:
     bool goToRelated(const QModelIndex &index);
     void open(const QModelIndex &index);
 
+    TopicPanel *_fields;
     QTabWidget *_pages;
     AttachmentListModel *_attachments;
     QListView *_list;

@@ -14,8 +14,10 @@ constexpr int wrongUse = 2;
 
 int main(int argc, char *argv[])
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("issue-browser"));
     installTranslators();

@@ -83,12 +83,20 @@ inline QString tree(const QAbstractItemModel &model, const QModelIndex &parent =
     return texts.join(' ');
 }
 
+/// Deals with the dialog that comes next, once it is there.
+template<class Dialog, class Deal>
+void whenAsked(Deal deal)
+{
+    QTimer::singleShot(10, [deal] {
+        auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        dialog ? deal(dialog) : whenAsked<Dialog>(deal);
+    });
+}
+
 /// Answers the question that comes next.
 inline void answer(QMessageBox::StandardButton button)
 {
-    QTimer::singleShot(0, [button] {
-        qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->button(button)->click();
-    });
+    whenAsked<QMessageBox>([button](const QMessageBox *box) { box->button(button)->click(); });
 }
 
 #endif // TESTS_BROWSER_H
