@@ -34,15 +34,6 @@ void edit(const Browser &browser)
     replaceText(browser.part<QLineEdit>("title"), "edited");
 }
 
-/// Chooses that name in the dialog that comes next.
-void choose(const QString &name)
-{
-    QTimer::singleShot(0, [name] {
-        auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        replaceText(dialog->findChild<QLineEdit *>("fileNameEdit"), name);
-    });
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(QMessageBox::StandardButton)

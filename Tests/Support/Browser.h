@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
@@ -97,6 +98,14 @@ void whenAsked(Deal deal)
 inline void answer(QMessageBox::StandardButton button)
 {
     whenAsked<QMessageBox>([button](const QMessageBox *box) { box->button(button)->click(); });
+}
+
+/// Chooses that name in the file dialog that comes next.
+inline void choose(const QString &name)
+{
+    whenAsked<QFileDialog>([name](const QFileDialog *dialog) {
+        replaceText(dialog->findChild<QLineEdit *>("fileNameEdit"), name);
+    });
 }
 
 #endif // TESTS_BROWSER_H
