@@ -49,7 +49,8 @@ protected:
     static Project *Deserialize(QIODevice *device);
     /// Fills the record from a parsed file; what is missing there becomes empty.
     void readProject(QDomDocument &document);
-    /// Writes the project file to an open device; always true.
+    /// Writes the project file to an open device; always true. Closes the device where the file would be too
+    /// large to be read back.
     bool serialize(QIODevice *device);
     /// Builds the elements of the file in an empty document.
     void writeProject(QDomDocument &document);

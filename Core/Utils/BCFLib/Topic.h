@@ -21,6 +21,10 @@ class QIODevice;
 
 namespace BCFLib {
 
+namespace Xml {
+class Printer;
+}
+
 class BimSnippet;
 class Comment;
 class DocumentReference;
@@ -224,7 +228,8 @@ protected:
     /// Supplies the values that isValid() insists on and that a version 1.0 file may lack.
     void fillMissingFields();
 
-    /// Writes the markup file to an open device; always true.
+    /// Writes the markup file to an open device; always true. Closes the device where the file would be too
+    /// large to be read back.
     ///
     /// The absolute paths of files that are to travel inside the archive are appended to @p files.
     bool serialize(QIODevice *device, QStringList &files);
@@ -257,6 +262,8 @@ private:
     /// differ from what the viewpoints hold.
     QStringList viewpointEntryNames() const;
     void readAttachments(const QDomElement &topic);
+    /// Has what is finished of a file printed, if one is being written.
+    void printFinished(const QDomDocument &document) const;
     void writeAttachments(QDomDocument &doc, QDomElement &topic);
     void attachmentsFromQVariant(const QVariantMap &map);
     bool takeAsDescription(const QString &text);
@@ -283,6 +290,8 @@ private:
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
     std::unique_ptr<GuidHints> _commentHints;
     std::unique_ptr<GuidHints> _viewpointHints;
+    /// Only while a file is written.
+    Xml::Printer *_printer = nullptr;
 };
 
 } // namespace BCFLib

@@ -44,7 +44,8 @@ protected:
     static Version *Deserialize(QIODevice *device);
     /// Fills the record from a parsed file; what is missing there becomes empty.
     void readVersion(QDomDocument &document);
-    /// Writes the version file to an open device; always true.
+    /// Writes the version file to an open device; always true. Closes the device where the file would be too
+    /// large to be read back.
     bool serialize(QIODevice *device);
     /// Builds the elements of the file in an empty document; both texts are written, also empty ones.
     void writeVersion(QDomDocument &document);

@@ -17,7 +17,15 @@ class QDomDocument;
 class QDomElement;
 class QIODevice;
 
+namespace BCF_2_0_Lib {
+class Viewpoint;
+}
+
 namespace BCFLib {
+
+namespace Xml {
+class Printer;
+}
 
 class Bitmap;
 class ClippingPlane;
@@ -103,7 +111,8 @@ public:
     ///
     /// @p device may still be closed. A file that is not well-formed changes nothing.
     void deserialize(QIODevice *device);
-    /// Writes the viewpoint file to an open device; always true.
+    /// Writes the viewpoint file to an open device; always true. Closes the device where the file would be
+    /// too large to be read back.
     bool serialize(QIODevice *device);
 
     /// Whether guid, orthogonal camera and image are as a usable viewpoint needs them.
@@ -120,6 +129,8 @@ protected:
 
 private:
     friend class Topic;
+    friend class Components;
+    friend class BCF_2_0_Lib::Viewpoint;
 
     /// Bits of _whichCameraIsSet.
     static constexpr int perspectiveBit = 1;
@@ -146,6 +157,10 @@ private:
     void readBitmaps(QDomElement &root);
     void readAndCheckValidBitmap(const QDomElement &element);
 
+    /// Whether the class is one of the library. One of the host may look at documents by itself.
+    bool isOwnClass() const;
+    /// Has what is finished of a file printed, if one is being written and only the library looks at it.
+    void printFinished(const QDomDocument &document) const;
     void writeCameras(QDomDocument &document, QDomElement &root);
     void writeLines(QDomDocument &document, QDomElement &root);
     void writeClippingPlanes(QDomDocument &document, QDomElement &root);
@@ -159,6 +174,8 @@ private:
     OrthogonalCamera _orthogonalCamera;
     PerspectiveCamera _perspectiveCamera;
     int _whichCameraIsSet = 0;
+    /// Only while a file is written.
+    Xml::Printer *_printer = nullptr;
 
 protected:
     /// The logger "Tavrin.Core.Utils.BCF_2_1.Viewpoint"; appenders and levels are the host's.

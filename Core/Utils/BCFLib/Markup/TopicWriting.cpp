@@ -15,19 +15,29 @@
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QIODevice>
+#include <QScopedValueRollback>
 
 namespace BCFLib {
 
 bool Topic::serialize(QIODevice *device, QStringList &files)
 {
     QDomDocument doc;
+    Xml::Printer printer(device);
+    const QScopedValueRollback<Xml::Printer *> rollback(_printer, &printer);
     QDomElement markup = Xml::appendElement(doc, doc, QStringLiteral("Markup"));
     files.append(writeHeader(doc, markup));
     writeTopic(doc, markup);
     writeComments(doc, markup);
     writeViewpoints(doc, markup);
-    Xml::writeDocument(doc, device);
+    printer.finish(doc);
     return true;
+}
+
+void Topic::printFinished(const QDomDocument &document) const
+{
+    if (_printer != nullptr) {
+        _printer->printFinished(document);
+    }
 }
 
 QStringList Topic::writeHeader(QDomDocument &doc, QDomElement &parent)
@@ -56,6 +66,7 @@ QStringList Topic::writeHeader(QDomDocument &doc, QDomElement &parent)
             Xml::appendText(doc, element, QStringLiteral("Date"), Xml::dateText(file->date()));
         }
         Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Reference"), file->reference());
+        printFinished(doc);
     }
     return paths;
 }
@@ -81,6 +92,7 @@ void Topic::writeTopic(QDomDocument &doc, QDomElement &parent)
     }
     for (const QString &label : qAsConst(_labels)) {
         Xml::appendText(doc, topic, QStringLiteral("Labels"), label);
+        printFinished(doc);
     }
     Xml::appendTextIfNotEmpty(doc, topic, QStringLiteral("AssignedTo"), _assignedTo);
     writeAttachments(doc, topic);
@@ -103,10 +115,12 @@ void Topic::writeAttachments(QDomDocument &doc, QDomElement &topic)
         Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("ReferencedDocument"),
                                   reference->referencedDocument());
         Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Description"), reference->description());
+        printFinished(doc);
     }
     for (const RelatedTopic *link : relatedTopics()) {
         QDomElement element = Xml::appendElement(doc, topic, QStringLiteral("RelatedTopics"));
         Xml::setAttribute(element, QStringLiteral("Guid"), link->guid());
+        printFinished(doc);
     }
 }
 
@@ -114,6 +128,7 @@ void Topic::writeComments(QDomDocument &doc, QDomElement &parent)
 {
     for (const Comment *comment : comments()) {
         comment->write(doc, parent);
+        printFinished(doc);
     }
 }
 
@@ -126,6 +141,7 @@ void Topic::writeViewpoints(QDomDocument &doc, QDomElement &parent)
         Xml::setAttribute(element, QStringLiteral("Guid"), viewpoint->guid());
         Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), *name++);
         Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), *name++);
+        printFinished(doc);
     }
 }
 

@@ -1,11 +1,9 @@
 #include "BCF_2_0_Viewpoint.h"
 #include "Xml/Elements.h"
-#include "Xml/Printer.h"
 
 #include <QDomDocument>
 
 #include <algorithm>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -128,20 +126,14 @@ void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)
         return;
     }
     QDomElement components = Xml::appendElement(document, root, QStringLiteral("Components"));
-    // A class of the host may look into the document.
-    const bool isOwn = typeid(*this) == typeid(Viewpoint);
-    Xml::PrintedList printer(&document, components);
     for (const Component *component : qAsConst(_components)) {
         component->write(document, components);
         QDomElement element = components.lastChildElement();
         writeMark(element, QStringLiteral("Selected"), component->selected());
         writeMark(element, QStringLiteral("Visible"), component->visible());
         Xml::setAttributeIfNotEmpty(element, QStringLiteral("Color"), component->color());
-        if (isOwn) {
-            printer.printLast();
-        }
+        printFinished(document);
     }
-    printer.finish();
 }
 
 } // namespace BCF_2_0_Lib

@@ -1,7 +1,7 @@
 #include "Component.h"
 #include "Components.h"
+#include "Viewpoint.h"
 #include "Xml/Elements.h"
-#include "Xml/Printer.h"
 
 #include <QDomDocument>
 #include <QVector>
@@ -166,12 +166,13 @@ void Components::writeViewSetupHints(QDomDocument &document, QDomElement &parent
 void Components::writeComponentList(QDomDocument &document, QDomElement &parent,
                                     const QList<Component *> &list) const
 {
-    Xml::PrintedList printer(&document, parent);
+    const auto *viewpoint = qobject_cast<Viewpoint *>(QObject::parent());
     for (const Component *component : list) {
         component->write(document, parent);
-        printer.printLast();
+        if (viewpoint != nullptr) {
+            viewpoint->printFinished(document);
+        }
     }
-    printer.finish();
 }
 
 void Component::write(QDomDocument &document, QDomElement &parent) const

@@ -1,6 +1,5 @@
 #include "Viewpoint.h"
 
-#include "BCF_2_0_Viewpoint.h"
 #include "Bitmap.h"
 #include "ClippingPlane.h"
 #include "Components.h"
@@ -10,25 +9,14 @@
 
 #include <QDomDocument>
 #include <QIODevice>
-#include <typeinfo>
 
 namespace BCFLib {
 
 namespace {
 
-/// Whether the viewpoint is of a class of the library. One of the host may look into documents by itself.
-bool isOwnClass(const Viewpoint &viewpoint)
-{
-    const std::type_info &type = typeid(viewpoint);
-    return type == typeid(Viewpoint) || type == typeid(BCF_2_0_Lib::Viewpoint);
-}
-
 /// The elements of a viewpoint file of which there may be many, in either form of the references.
-Xml::NumerousElements numerousElements(const Viewpoint &viewpoint)
+Xml::NumerousElements numerousElements()
 {
-    if (!isOwnClass(viewpoint)) {
-        return {};
-    }
     return {"Bitmaps",
             "ClippingPlanes/ClippingPlane",
             "Components/Component",
@@ -84,7 +72,9 @@ bool readBitmapFormat(const QDomElement &element, BitmapFormat *format)
 void Viewpoint::deserialize(QIODevice *device)
 {
     QDomDocument document;
-    if (device == nullptr || !Xml::readDocument(device, &document, numerousElements(*this))) {
+    if (device == nullptr
+        || !Xml::readDocument(device, &document,
+                              isOwnClass() ? numerousElements() : Xml::NumerousElements())) {
         return;
     }
     QDomElement root = document.firstChildElement(QStringLiteral("VisualizationInfo"));

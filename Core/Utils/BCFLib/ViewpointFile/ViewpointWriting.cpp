@@ -1,6 +1,5 @@
 #include "Viewpoint.h"
 
-#include "BCF_2_0_Viewpoint.h"
 #include "Bitmap.h"
 #include "ClippingPlane.h"
 #include "Components.h"
@@ -11,18 +10,11 @@
 
 #include <QDomDocument>
 #include <QIODevice>
-#include <typeinfo>
+#include <QScopedValueRollback>
 
 namespace BCFLib {
 
 namespace {
-
-/// Whether the viewpoint is of a class of the library. One of the host may look into documents by itself.
-bool isOwnClass(const Viewpoint &viewpoint)
-{
-    const std::type_info &type = typeid(viewpoint);
-    return type == typeid(Viewpoint) || type == typeid(BCF_2_0_Lib::Viewpoint);
-}
 
 template<class Camera>
 void writeCamera(QDomDocument &document, QDomElement &root, const QString &name, const Camera &camera,
@@ -44,14 +36,23 @@ void writeCamera(QDomDocument &document, QDomElement &root, const QString &name,
 bool Viewpoint::serialize(QIODevice *device)
 {
     QDomDocument document;
+    Xml::Printer printer(device);
+    const QScopedValueRollback<Xml::Printer *> rollback(_printer, isOwnClass() ? &printer : nullptr);
     QDomElement root = Xml::appendElement(document, document, QStringLiteral("VisualizationInfo"));
     writeComponents(document, root);
     writeCameras(document, root);
     writeLines(document, root);
     writeClippingPlanes(document, root);
     writeBitmaps(document, root);
-    Xml::writeDocument(document, device);
+    printer.finish(document);
     return true;
+}
+
+void Viewpoint::printFinished(const QDomDocument &document) const
+{
+    if (_printer != nullptr) {
+        _printer->printFinished(document);
+    }
 }
 
 void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)
@@ -78,18 +79,13 @@ void Viewpoint::writeLines(QDomDocument &document, QDomElement &root)
         return;
     }
     QDomElement wrapper = Xml::appendElement(document, root, QStringLiteral("Lines"));
-    const bool isOwn = isOwnClass(*this);
-    Xml::PrintedList printer(&document, wrapper);
     for (const Line *line : all) {
         using Tavrin::DOMXml::createPointElement;
         QDomElement element = Xml::appendElement(document, wrapper, QStringLiteral("Line"));
         element.appendChild(createPointElement(document, QStringLiteral("StartPoint"), line->startPoint()));
         element.appendChild(createPointElement(document, QStringLiteral("EndPoint"), line->endPoint()));
-        if (isOwn) {
-            printer.printLast();
-        }
+        printFinished(document);
     }
-    printer.finish();
 }
 
 void Viewpoint::writeClippingPlanes(QDomDocument &document, QDomElement &root)
@@ -104,6 +100,7 @@ void Viewpoint::writeClippingPlanes(QDomDocument &document, QDomElement &root)
         QDomElement element = Xml::appendElement(document, wrapper, QStringLiteral("ClippingPlane"));
         element.appendChild(createPointElement(document, QStringLiteral("Location"), plane->location()));
         element.appendChild(createPointElement(document, QStringLiteral("Direction"), plane->direction()));
+        printFinished(document);
     }
 }
 
@@ -119,6 +116,7 @@ void Viewpoint::writeBitmaps(QDomDocument &document, QDomElement &root)
         element.appendChild(createPointElement(document, QStringLiteral("Normal"), bitmap->normal()));
         element.appendChild(createPointElement(document, QStringLiteral("Up"), bitmap->up()));
         Tavrin::DOMXml::AddNumberElement(document, element, QStringLiteral("Height"), bitmap->height());
+        printFinished(document);
     }
 }
 

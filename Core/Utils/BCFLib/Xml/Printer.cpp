@@ -1,7 +1,11 @@
 #include "Printer.h"
 
+#include "Io/Limits.h"
+
 #include <QDomDocument>
 #include <QIODevice>
+#include <algorithm>
+#include <vector>
 
 namespace BCFLib {
 
@@ -10,25 +14,121 @@ namespace {
 /// What a text may hold before it is handed on.
 constexpr int enoughToWrite = 32 * 1024;
 
-/// So many elements of a list stay in the document: printing so few one by one saves no time.
-constexpr int fewElements = 200;
+/// So many elements are printed in one go, since each time the way to them begins at the root.
+constexpr int enoughToPrint = 50;
 
-/// The target of a node that holds printed text, which no name can be.
-QString printedTarget()
+} // namespace
+
+Xml::Printer::Printer(QIODevice *device)
+    : _device(device)
+    , _text(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"))
 {
-    return QStringLiteral(" ");
+    if (_device != nullptr) {
+        _device->setTextModeEnabled(true);
+    }
 }
 
-bool isPrinted(const QDomNode &node)
+void Xml::Printer::printFinished(const QDomDocument &document)
 {
-    return node.isProcessingInstruction() && node.nodeName() == printedTarget();
+    if (++_calls % enoughToPrint == 0) {
+        printChildren(document, 0, false);
+    }
 }
 
-/// Where a text stands in a document.
-enum class Place { Content, Attribute };
+void Xml::Printer::finish(const QDomDocument &document)
+{
+    printChildren(document, 0, true);
+    flush();
+    if (_device != nullptr && (_bytes > Limits::xmlBytes || _nodes > Limits::xmlNodes || _isRefused)) {
+        _device->close();
+    }
+}
+
+/// What is finished because @p parent is stays in it: the parent itself is taken out.
+void Xml::Printer::printChildren(QDomNode parent, int depth, bool isFinished)
+{
+    QDomNode next;
+    for (QDomNode node = parent.firstChild(); !node.isNull(); node = next) {
+        next = node.nextSibling();
+        const bool isNodeFinished = isFinished || !next.isNull();
+        if (node.isElement()) {
+            printElement(node.toElement(), depth, isNodeFinished);
+        } else if (isNodeFinished) {
+            _isAfterText = node.isText();
+            if (_isAfterText) {
+                printEscaped(node.nodeValue(), Place::Content);
+                ++_nodes;
+            }
+        }
+        if (isNodeFinished && !isFinished) {
+            parent.removeChild(node);
+        }
+    }
+}
+
+void Xml::Printer::printElement(const QDomElement &element, int depth, bool isFinished)
+{
+    const bool hasChildren = element.hasChildNodes();
+    if (_openElements == depth) {
+        if (!hasChildren && !isFinished) {
+            return;
+        }
+        printStartTag(element, depth);
+    }
+    if (hasChildren) {
+        printChildren(element, depth + 1, isFinished);
+    }
+    if (!isFinished) {
+        return;
+    }
+    --_openElements;
+    if (hasChildren) {
+        if (!element.lastChild().isText()) {
+            indent(depth);
+        }
+        _text += QLatin1String("</") + element.tagName() + QLatin1Char('>');
+    }
+    if (!element.nextSibling().isText()) {
+        _text += QLatin1Char('\n');
+    }
+    _isAfterText = false;
+    flushIfLarge();
+}
+
+void Xml::Printer::printStartTag(const QDomElement &element, int depth)
+{
+    if (!_isAfterText) {
+        indent(depth);
+    }
+    _text += QLatin1Char('<') + element.tagName();
+    const QDomNamedNodeMap attributes = element.attributes();
+    printAttributes(attributes);
+    const QDomNode first = element.firstChild();
+    _text += QLatin1String(first.isNull() ? "/>" : first.isText() ? ">" : ">\n");
+    _isAfterText = false;
+    ++_openElements;
+    _nodes += 1 + attributes.count();
+    _isRefused |= attributes.count() > Limits::xmlAttributes || _openElements > Limits::xmlDepth;
+}
+
+void Xml::Printer::printAttributes(const QDomNamedNodeMap &attributes)
+{
+    std::vector<QDomNode> sorted;
+    for (int i = 0; i < attributes.count(); ++i) {
+        sorted.push_back(attributes.item(i));
+    }
+    // The map's own order changes from one process to the next.
+    std::sort(sorted.begin(), sorted.end(),
+              [](const QDomNode &one, const QDomNode &other) { return one.nodeName() < other.nodeName(); });
+    for (const QDomNode &attribute : sorted) {
+        _text += QLatin1Char(' ') + attribute.nodeName() + QLatin1String("=\"");
+        printEscaped(attribute.nodeValue(), Place::Attribute);
+        _text += QLatin1Char('"');
+    }
+}
 
 /// What stands in a file for the character at @p i; null for the character itself.
-const char *escapeAt(const QString &text, int i, Place place)
+const char *Xml::Printer::escapeAt(const QString &text, int i, Place place)
 {
     const bool inAttribute = place == Place::Attribute;
     switch (text.at(i).unicode()) {
@@ -52,158 +152,48 @@ const char *escapeAt(const QString &text, int i, Place place)
     }
 }
 
-/// Prints a document of elements and texts as QDomNode::save() does, byte for byte.
-///
-/// QDomNode::save() itself moves the rest of a text for each character that it escapes, which takes
-/// hours for a text of some megabytes of "&", and hands each line to the device on its own.
-class Printer
+void Xml::Printer::printEscaped(const QString &text, Place place)
 {
-public:
-    /// Without a device the text stays here.
-    explicit Printer(QIODevice *device = nullptr)
-        : _device(device)
-    {
-    }
-
-    void print(const QDomDocument &document)
-    {
-        _text = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-        printChildren(document, 0);
-        flush();
-    }
-
-    void printElement(const QDomElement &element, int depth)
-    {
-        const QString name = element.tagName();
-        if (!element.previousSibling().isText()) {
-            indent(depth);
-        }
-        _text += QLatin1Char('<') + name;
-        printAttributes(element.attributes());
-        if (!element.hasChildNodes()) {
-            _text += QLatin1String("/>");
-        } else {
-            _text += QLatin1String(element.firstChild().isText() ? ">" : ">\n");
-            printChildren(element, depth + 1);
-            if (!element.lastChild().isText()) {
-                indent(depth);
-            }
-            _text += QLatin1String("</") + name + QLatin1Char('>');
-        }
-        if (!element.nextSibling().isText()) {
-            _text += QLatin1Char('\n');
-        }
-        flushIfLarge();
-    }
-
-    QString text() const { return _text; }
-
-private:
-    void printChildren(const QDomNode &parent, int depth)
-    {
-        for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
-            if (node.isText()) {
-                printEscaped(node.nodeValue(), Place::Content);
-            } else if (node.isElement()) {
-                printElement(node.toElement(), depth);
-            } else if (isPrinted(node)) {
-                _text += node.nodeValue();
-                flushIfLarge();
-            }
+    int printed = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        if (const char *escape = escapeAt(text, i, place)) {
+            _text.append(text.constData() + printed, i - printed);
+            _text += QLatin1String(escape);
+            printed = i + 1;
+            flushIfLarge();
         }
     }
-
-    void printAttributes(const QDomNamedNodeMap &attributes)
-    {
-        for (int i = 0; i < attributes.count(); ++i) {
-            const QDomNode attribute = attributes.item(i);
-            _text += QLatin1Char(' ') + attribute.nodeName() + QLatin1String("=\"");
-            printEscaped(attribute.nodeValue(), Place::Attribute);
-            _text += QLatin1Char('"');
-        }
-    }
-
-    void printEscaped(const QString &text, Place place)
-    {
-        int printed = 0;
-        for (int i = 0; i < text.size(); ++i) {
-            if (const char *escape = escapeAt(text, i, place)) {
-                _text.append(text.constData() + printed, i - printed);
-                _text += QLatin1String(escape);
-                printed = i + 1;
-            }
-        }
-        _text.append(text.constData() + printed, text.size() - printed);
-    }
-
-    void indent(int depth) { _text += QString(4 * depth, QLatin1Char(' ')); }
-
-    void flushIfLarge()
-    {
-        if (_device != nullptr && _text.size() > enoughToWrite) {
-            flush();
-        }
-    }
-
-    void flush()
-    {
-        _device->write(_text.toUtf8());
-        _text.resize(0);
-    }
-
-    QIODevice *_device;
-    QString _text;
-};
-
-int depthOf(const QDomNode &node)
-{
-    int depth = 0;
-    for (QDomNode parent = node.parentNode(); parent.isElement(); parent = parent.parentNode()) {
-        ++depth;
-    }
-    return depth;
+    _text.append(text.constData() + printed, text.size() - printed);
 }
 
-} // namespace
+void Xml::Printer::indent(int depth)
+{
+    for (int i = 0; i < depth; ++i) {
+        _text += QLatin1String("    ");
+    }
+}
+
+void Xml::Printer::flushIfLarge()
+{
+    if (_text.size() > enoughToWrite) {
+        flush();
+    }
+}
+
+void Xml::Printer::flush()
+{
+    const QByteArray bytes = _text.toUtf8();
+    _text.resize(0);
+    _bytes += bytes.size();
+    // What passes the bound serves nobody.
+    if (_device != nullptr && _bytes <= Limits::xmlBytes) {
+        _device->write(bytes);
+    }
+}
 
 void Xml::writeDocument(const QDomDocument &document, QIODevice *device)
 {
-    if (device == nullptr) {
-        return;
-    }
-    device->setTextModeEnabled(true);
-    Printer(device).print(document);
-}
-
-Xml::PrintedList::PrintedList(QDomDocument *document, const QDomElement &list)
-    : _document(document)
-    , _list(list)
-    , _depth(depthOf(list) + 1)
-{
-}
-
-void Xml::PrintedList::printLast()
-{
-    if (++_count <= fewElements) {
-        return;
-    }
-    const QDomElement element = _list.lastChildElement();
-    Printer printer;
-    printer.printElement(element, _depth);
-    _text += printer.text();
-    _list.removeChild(element);
-    if (_text.size() > enoughToWrite) {
-        finish();
-    }
-}
-
-void Xml::PrintedList::finish()
-{
-    if (_text.isEmpty()) {
-        return;
-    }
-    _list.appendChild(_document->createProcessingInstruction(printedTarget(), _text));
-    _text.resize(0);
+    Printer(device).finish(document);
 }
 
 } // namespace BCFLib

@@ -1,42 +1,70 @@
 #ifndef BCFLIB_XML_PRINTER_H
 #define BCFLIB_XML_PRINTER_H
 
-#include <QDomElement>
 #include <QString>
+#include <QtGlobal>
 
 class QDomDocument;
+class QDomElement;
+class QDomNamedNodeMap;
+class QDomNode;
 class QIODevice;
 
 namespace BCFLib {
-
 namespace Xml {
 
-/// Writes a document of elements and texts to an open device as UTF-8, indented by four blanks, with an
-/// XML declaration; other nodes are left out.
-void writeDocument(const QDomDocument &document, QIODevice *device);
-
-/// Prints the elements of a long list one by one, as they are appended to it.
+/// Writes a document of elements and texts to an open device as UTF-8, indented by four blanks, with an XML
+/// declaration, as QDomNode::save() does, but for two things: attributes come in the order of their names,
+/// and other nodes are left out.
 ///
-/// What is printed leaves the document, which never holds more of them than a few, and text takes its place
-/// for writeDocument() to pass on. For documents that nobody else looks into.
-class PrintedList
+/// QDomNode::save() itself moves the rest of a text for each character that it escapes, which takes hours
+/// for a text of some megabytes of "&", and hands each line to the device on its own.
+///
+/// A document that will hold many elements is best printed while it is being built.
+class Printer
 {
 public:
-    /// @p list stands at its place in the document already.
-    PrintedList(QDomDocument *document, const QDomElement &list);
+    /// @p device outlives the printer, which sets it to text mode. Without one nothing is written.
+    explicit Printer(QIODevice *device);
 
-    /// To be called for each element that was appended.
-    void printLast();
-    /// To be called behind the last.
-    void finish();
+    /// Prints what can't change any more, as a sibling stands behind it, and takes it out of the document.
+    void printFinished(const QDomDocument &document);
+
+    /// Prints what is left of the document, which stays as it is. Closes the device where the text passes
+    /// what is read of a file: nobody shall take it for a whole one.
+    void finish(const QDomDocument &document);
 
 private:
-    QDomDocument *_document;
-    QDomElement _list;
-    int _depth;
-    int _count = 0;
+    /// Where a text stands in a document.
+    enum class Place { Content, Attribute };
+
+    static const char *escapeAt(const QString &text, int i, Place place);
+
+    void printChildren(QDomNode parent, int depth, bool isFinished);
+    void printElement(const QDomElement &element, int depth, bool isFinished);
+    void printStartTag(const QDomElement &element, int depth);
+    void printAttributes(const QDomNamedNodeMap &attributes);
+    void printEscaped(const QString &text, Place place);
+    void indent(int depth);
+    void flushIfLarge();
+    void flush();
+
+    QIODevice *_device;
     QString _text;
+    /// So many elements, one in the other, have a start tag in the file already, but no end tag.
+    int _openElements = 0;
+    /// Whether the node in front was a text.
+    bool _isAfterText = false;
+    int _calls = 0;
+
+    qint64 _bytes = 0;
+    qint64 _nodes = 0;
+    /// Nested too deep, or too many attributes.
+    bool _isRefused = false;
 };
+
+/// Writes a document that is complete.
+void writeDocument(const QDomDocument &document, QIODevice *device);
 
 } // namespace Xml
 } // namespace BCFLib

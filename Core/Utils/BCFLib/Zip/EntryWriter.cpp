@@ -24,7 +24,7 @@ bool EntryWriter::write(QuaZip *zip, const QString &name, QIODevice::OpenMode mo
     QuaZipFile entry(zip);
     if (!entry.open(mode, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, windowBits, memoryLevel,
                     Z_DEFAULT_STRATEGY)
-        || !writeTo(&entry)) {
+        || !writeTo(&entry) || !entry.isOpen()) {
         return false;
     }
     entry.close();

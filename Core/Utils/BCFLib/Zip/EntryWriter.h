@@ -18,7 +18,7 @@ constexpr QFileDevice::Permissions noPermissions;
 constexpr QFileDevice::Permissions readPermissions =
     QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 
-/// False if the entry can't be opened, written or closed.
+/// False if the entry can't be opened, written or closed, or if who writes it closes it.
 bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode, QFileDevice::Permissions permissions,
            const std::function<bool(QIODevice *)> &writeTo);
 /// The same in text mode, for all to read.
