@@ -285,7 +285,8 @@ void Xml::Decoder::appendUtf8(std::string_view bytes, bool isLast)
             }
             _text += replacement;
             // Of a character that is whole but no text, all of it.
-            const bool isNoText = startsWith(rest.substr(length), "\xEF\xBF");
+            const std::string_view bad = rest.substr(length);
+            const bool isNoText = startsWith(bad, "\xEF\xBF\xBE") || startsWith(bad, "\xEF\xBF\xBF");
             done += isNoText ? 3 : 1;
         }
     }
