@@ -54,6 +54,7 @@ private slots:
     void closingAsksOnce();
     void closingDuringALoadOrASave();
     void windowsKeepTheirAttachmentsApart();
+    void filesElsewhereStayThere();
 };
 
 void TestIssueBrowserFiles::unusableFiles_data()
@@ -256,6 +257,17 @@ void TestIssueBrowserFiles::windowsKeepTheirAttachmentsApart()
     QVERIFY(two.save(second.path("saved.bcf")));
     QCOMPARE(TestArchive::entry(first.path("saved.bcf"), "a.txt"), QByteArray("one"));
     QCOMPARE(TestArchive::entry(second.path("saved.bcf"), "a.txt"), QByteArray("two"));
+}
+
+void TestIssueBrowserFiles::filesElsewhereStayThere()
+{
+    QFile mine(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + "/../mine.txt");
+    QVERIFY(mine.open(QIODevice::WriteOnly));
+    TestArchive archive;
+    const QByteArray header = QByteArray(attachment).replace("a.txt", "....//mine.txt");
+    const Browser browser(archive.addTopic(fields, header).add("../mine.txt", "theirs").write());
+    QVERIFY(mine.exists());
+    QVERIFY(!browser.part<QAction>("save")->isEnabled());
 }
 
 QTEST_MAIN(TestIssueBrowserFiles)

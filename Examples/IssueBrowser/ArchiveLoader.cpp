@@ -14,9 +14,19 @@ using BCFLib::BCFLoadingWorker;
 
 namespace {
 
+/// In milliseconds; a lock that is held for longer was left behind on another machine.
+constexpr int longestWait = 60000;
+
 QDir cacheFolder()
 {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+}
+
+/// Whether a file that a stranger named was unpacked, and doesn't stand somewhere else.
+bool isUnpacked(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isFile() && QFileInfo(info.canonicalFilePath()).path() == cacheFolder().canonicalPath();
 }
 
 /// Moves the attachments from the cache folder to one of the archive's own.
@@ -30,7 +40,7 @@ void takeAttachments(LoadedArchive &archive)
         for (BCFLib::File *file : topic->files()) {
             const QString unpacked = file->filename();
             // After a load that was broken off, some are not there.
-            if (file->isExternal() || (!taken.contains(unpacked) && !QFileInfo(unpacked).isFile())) {
+            if (file->isExternal() || (!taken.contains(unpacked) && !isUnpacked(unpacked))) {
                 continue;
             }
             if (!archive.attachments) {
@@ -80,7 +90,7 @@ void ArchiveLoader::run()
     cacheFolder().mkpath(QStringLiteral("."));
     QLockFile lock(cacheFolder().filePath(QStringLiteral("load.lock")));
     lock.setStaleLockTime(0);
-    lock.lock();
+    lock.tryLock(longestWait);
 
     BCFLoadingWorker worker(_archive.path);
     // These come queued, as the receiver lives over there.
