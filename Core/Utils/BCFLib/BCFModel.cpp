@@ -4,6 +4,7 @@
 #include "Project.h"
 #include "Topic.h"
 #include "Tree/GuidIndex.h"
+#include "Tree/Owners.h"
 #include "Tree/Search.h"
 #include "Version.h"
 
@@ -14,7 +15,7 @@ namespace BCFLib {
 
 BCFModel::BCFModel(QObject *parent)
     : QObject(parent)
-    , _topicHints(std::make_unique<GuidHints>())
+    , _index(std::make_unique<GuidIndex>(this, &Topic::staticMetaObject))
 {
 }
 
@@ -22,7 +23,7 @@ BCFModel::~BCFModel() = default;
 
 void BCFModel::childEvent(QChildEvent *event)
 {
-    _topicHints->familyChanged(event);
+    Owners::childEvent(this, event);
 }
 
 QSharedPointer<BCFModel> BCFModel::Create(const QString &version, QObject *parent)
@@ -75,7 +76,7 @@ int BCFModel::numberPrecision()
 
 Version *BCFModel::version() const
 {
-    return ObjectTree::first<Version>(this);
+    return Search::first<Version>(this);
 }
 
 Version *BCFModel::addVersion()
@@ -94,7 +95,7 @@ Version *BCFModel::createVersion(const QString &version)
 
 Project *BCFModel::project() const
 {
-    return ObjectTree::first<Project>(this);
+    return Search::first<Project>(this);
 }
 
 Project *BCFModel::addProject(const QString &guid)
@@ -102,18 +103,19 @@ Project *BCFModel::addProject(const QString &guid)
     if (guid.isEmpty()) {
         return new Project(Tavrin::NewId(), this);
     }
-    delete ObjectTree::byGuid<Project>(this, guid);
+    delete Search::firstWhere<Project>(this,
+                                       [&guid](const Project *record) { return record->guid() == guid; });
     return new Project(guid, this);
 }
 
 QList<Topic *> BCFModel::topics() const
 {
-    return ObjectTree::all<Topic>(this);
+    return Search::all<Topic>(this);
 }
 
 Topic *BCFModel::topic(const QString &guid) const
 {
-    return _topicHints->find<Topic>(this, guid);
+    return _index->find<Topic>(guid);
 }
 
 Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, const QDateTime &creationDate,

@@ -21,7 +21,8 @@ class ProgressionSignals;
 
 namespace BCFLib {
 
-class GuidHints;
+class GuidIndex;
+struct Owners;
 class Project;
 class Topic;
 class Version;
@@ -121,6 +122,10 @@ protected:
     /// Create().
     explicit BCFModel(QObject *parent = nullptr);
 
+    /// Keeps the look-up by guid in step with the topics. A class of a host that overrides it passes the
+    /// event on.
+    void childEvent(QChildEvent *event) override;
+
     /// Adds a version record whose two texts are empty.
     Version *addVersion();
 
@@ -143,7 +148,8 @@ protected:
     static void readSnapshotFile(QuaZip *zip, QuaZipDir *dir, Viewpoint *viewpoint);
 
 private:
-    void childEvent(QChildEvent *event) override;
+    friend struct Owners;
+
     void readArchive(const QString &path, const Tavrin::ProgressionSignals &progress);
     bool readEntries(QuaZip *zip, const Tavrin::ProgressionSignals &progress);
     QStringList readTopics(QuaZip *zip, const QStringList &folders, const QString &version,
@@ -155,7 +161,7 @@ private:
     static bool writeAttachment(QuaZip *zip, const QString &path);
 
     QString _errorString;
-    std::unique_ptr<GuidHints> _topicHints;
+    std::unique_ptr<GuidIndex> _index;
 };
 
 } // namespace BCFLib

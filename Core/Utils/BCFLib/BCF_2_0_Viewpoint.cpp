@@ -1,8 +1,5 @@
 #include "BCF_2_0_Viewpoint.h"
 
-#include "Components.h"
-
-#include <QChildEvent>
 #include <log4cplus/loggingmacros.h>
 
 #include <algorithm>
@@ -47,20 +44,6 @@ void Viewpoint::forget(Component *component)
     if (entry != _components.end()) {
         _components.erase(entry);
     }
-}
-
-void Viewpoint::childEvent(QChildEvent *event)
-{
-    // A component that is destroyed is none any more when this is told.
-    _holdsStrangers |= event->removed() && qobject_cast<Component *>(event->child()) != nullptr;
-}
-
-bool Viewpoint::holdsOnlyComponents() const
-{
-    // One more child is the Components object, which stays empty in this class.
-    const QObject *sets = findChild<BCFLib::Components *>(QString(), Qt::FindDirectChildrenOnly);
-    return !_holdsStrangers && sets != nullptr && sets->children().isEmpty()
-        && children().size() == _components.size() + 1;
 }
 
 } // namespace BCF_2_0_Lib

@@ -4,12 +4,6 @@
 #include "BCF_2_0_Component.h"
 #include "Viewpoint.h"
 
-namespace BCFLib {
-namespace ObjectTree {
-bool holdsOnlyReferences(const QObject *object);
-}
-} // namespace BCFLib
-
 namespace BCF_2_0_Lib {
 
 /// A viewpoint in the form of versions 2.0 and 1.0: its references to model elements are one flat
@@ -48,21 +42,13 @@ protected:
     /// Appends the list to @p root in ascending order of guids.
     void writeComponents(QDomDocument &document, QDomElement &root) override;
 
-    /// Notes when a host takes a component away alive, which searches must then look for by itself.
-    void childEvent(QChildEvent *event) override;
-
 private:
     friend class Component;
-    friend class BCFLib::Component;
-    friend bool BCFLib::ObjectTree::holdsOnlyReferences(const QObject *object);
 
     /// A component that is destroyed leaves the list.
     void forget(Component *component);
-    bool holdsOnlyComponents() const;
 
     QMap<QString, Component *> _components;
-    /// Set once a host has hung something under a component, or a component elsewhere.
-    bool _holdsStrangers = false;
 };
 
 } // namespace BCF_2_0_Lib

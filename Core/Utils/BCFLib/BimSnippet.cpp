@@ -1,5 +1,7 @@
 #include "BimSnippet.h"
 
+#include "Tree/Owners.h"
+
 #include <QVariantMap>
 
 namespace BCFLib {
@@ -10,6 +12,11 @@ BimSnippet::BimSnippet(QObject *parent)
 }
 
 BimSnippet::~BimSnippet() = default;
+
+void BimSnippet::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 QString BimSnippet::snippetType() const
 {

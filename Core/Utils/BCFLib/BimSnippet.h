@@ -52,6 +52,8 @@ protected:
 private:
     friend class Topic;
 
+    void childEvent(QChildEvent *event) override;
+
     QString _snippetType;
     bool _isExternal = false;
     QString _reference;

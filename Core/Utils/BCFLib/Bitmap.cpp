@@ -1,5 +1,7 @@
 #include "Bitmap.h"
 
+#include "Tree/Owners.h"
+
 namespace BCFLib {
 
 Bitmap::Bitmap(QObject *parent)
@@ -8,6 +10,11 @@ Bitmap::Bitmap(QObject *parent)
 }
 
 Bitmap::~Bitmap() = default;
+
+void Bitmap::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 BitmapFormat Bitmap::bitmapFormat() const
 {

@@ -65,6 +65,8 @@ protected:
 private:
     friend class Viewpoint;
 
+    void childEvent(QChildEvent *event) override;
+
     BitmapFormat _bitmapFormat = PNG;
     QString _reference;
     osg::Vec3d _location;

@@ -1,5 +1,7 @@
 #include "ClippingPlane.h"
 
+#include "Tree/Owners.h"
+
 namespace BCFLib {
 
 ClippingPlane::ClippingPlane(QObject *parent)
@@ -8,6 +10,11 @@ ClippingPlane::ClippingPlane(QObject *parent)
 }
 
 ClippingPlane::~ClippingPlane() = default;
+
+void ClippingPlane::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 osg::Vec3d ClippingPlane::location() const
 {

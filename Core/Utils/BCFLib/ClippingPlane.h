@@ -38,6 +38,8 @@ protected:
 private:
     friend class Viewpoint;
 
+    void childEvent(QChildEvent *event) override;
+
     osg::Vec3d _location;
     osg::Vec3d _direction;
 };

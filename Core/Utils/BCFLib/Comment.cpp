@@ -1,7 +1,7 @@
 #include "Comment.h"
 
 #include "Topic.h"
-#include "Tree/GuidIndex.h"
+#include "Tree/Owners.h"
 #include "Viewpoint.h"
 
 namespace BCFLib {
@@ -14,6 +14,11 @@ Comment::Comment(const QString &guid, QObject *parent)
 
 Comment::~Comment() = default;
 
+void Comment::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
+
 QString Comment::guid() const
 {
     return objectName();
@@ -21,8 +26,8 @@ QString Comment::guid() const
 
 void Comment::setGuid(const QString &guid)
 {
+    Owners::aboutToRename(this, guid);
     setObjectName(guid);
-    GuidHints::renamed(this);
 }
 
 QDateTime Comment::date() const

@@ -90,6 +90,9 @@ public:
     void setViewpoint(Viewpoint *viewpoint);
 
 protected:
+    /// Hands the event on to the owners that keep an index of guids.
+    void childEvent(QChildEvent *event) override;
+
     /// Fills the comment from its element and notes in @p replies the guid that it answers.
     virtual void read(const QDomElement &element, QHash<Comment *, QString> &replies);
     /// Appends the comment's element to @p parent.

@@ -1,9 +1,7 @@
 #include "Component.h"
 
-#include "BCF_2_0_Viewpoint.h"
 #include "Components.h"
-
-#include <QChildEvent>
+#include "Tree/Owners.h"
 
 namespace BCFLib {
 
@@ -23,14 +21,7 @@ Component::~Component()
 
 void Component::childEvent(QChildEvent *event)
 {
-    if (!event->added()) {
-        return;
-    }
-    if (Components *sets = qobject_cast<Components *>(_holder)) {
-        sets->_holdsStrangers = true;
-    } else if (BCF_2_0_Lib::Viewpoint *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(_holder)) {
-        list->_holdsStrangers = true;
-    }
+    Owners::childEvent(this, event);
 }
 
 QString Component::guid() const

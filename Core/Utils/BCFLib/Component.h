@@ -57,7 +57,7 @@ protected:
     /// For the owner of the list that the component stands in.
     Component(const QString &guid, QObject *parent);
 
-    /// Tells the owner when a host hangs an object under the component, which searches must then visit.
+    /// Hands the event on to the owners that keep an index of guids.
     void childEvent(QChildEvent *event) override;
 
 private:

@@ -1,8 +1,7 @@
 #include "Components.h"
 
 #include "Component.h"
-
-#include <QChildEvent>
+#include "Tree/Owners.h"
 
 #include <utility>
 
@@ -123,17 +122,7 @@ void Components::forget(Component *component)
 
 void Components::childEvent(QChildEvent *event)
 {
-    // A component that is destroyed is none any more when this is told.
-    _holdsStrangers |= event->removed() && qobject_cast<Component *>(event->child()) != nullptr;
-}
-
-bool Components::holdsOnlyComponents() const
-{
-    int count = _selectionComponents.size() + _visibilityExceptionComponents.size();
-    for (const QList<Component *> &group : _coloringComponents) {
-        count += group.size();
-    }
-    return !_holdsStrangers && count == children().size();
+    Owners::childEvent(this, event);
 }
 
 void Components::clear()

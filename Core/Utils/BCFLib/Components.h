@@ -25,10 +25,6 @@ namespace BCFLib {
 
 class Component;
 
-namespace ObjectTree {
-bool holdsOnlyReferences(const QObject *object);
-}
-
 /// The references of one viewpoint to model elements in the sets form, that of version 2.1: which
 /// elements are selected, which are visible, and how they are coloured.
 ///
@@ -76,14 +72,13 @@ protected:
     /// For the viewpoint, which has exactly one.
     explicit Components(QObject *parent = nullptr);
 
-    /// Notes when a host takes a component away alive, which searches must then look for by itself.
+    /// Hands the event on to the owners that keep an index of guids.
     void childEvent(QChildEvent *event) override;
 
 private:
     friend class Viewpoint;
     friend class BCF_2_0_Lib::Viewpoint;
     friend class Component;
-    friend bool ObjectTree::holdsOnlyReferences(const QObject *object);
 
     void read(const QDomElement &root);
     void write(QDomDocument &document, QDomElement &root) const;
@@ -105,7 +100,6 @@ private:
 
     /// A component that is destroyed leaves its set.
     void forget(Component *component);
-    bool holdsOnlyComponents() const;
     void deleteAll(const QList<Component *> &list);
 
     ViewSetupHints _viewSetupHints;
@@ -118,8 +112,6 @@ private:
     QList<Component *> _arriving;
     /// Components that are being deleted, and stand in no set any more.
     QSet<QObject *> _doomed;
-    /// Set once a host has hung something under a component, or a component elsewhere.
-    bool _holdsStrangers = false;
 };
 
 } // namespace BCFLib

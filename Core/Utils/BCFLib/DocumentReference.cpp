@@ -1,5 +1,6 @@
 #include "DocumentReference.h"
 
+#include "Tree/Owners.h"
 #include "Variant/Maps.h"
 
 namespace BCFLib {
@@ -11,6 +12,11 @@ DocumentReference::DocumentReference(const QString &guid, QObject *parent)
 }
 
 DocumentReference::~DocumentReference() = default;
+
+void DocumentReference::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 QString DocumentReference::guid() const
 {

@@ -52,6 +52,8 @@ protected:
 private:
     friend class Topic;
 
+    void childEvent(QChildEvent *event) override;
+
     bool _isExternal = false;
     QString _referencedDocument;
     QString _description;

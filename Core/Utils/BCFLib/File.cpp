@@ -1,5 +1,6 @@
 #include "File.h"
 
+#include "Tree/Owners.h"
 #include "Variant/Maps.h"
 
 namespace BCFLib {
@@ -10,6 +11,11 @@ File::File(QObject *parent)
 }
 
 File::~File() = default;
+
+void File::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 QString File::ifcProject() const
 {

@@ -69,6 +69,8 @@ protected:
 private:
     friend class Topic;
 
+    void childEvent(QChildEvent *event) override;
+
     QString _ifcProject;
     QString _ifcSpatialStructureElement;
     bool _isExternal = true;

@@ -1,5 +1,7 @@
 #include "Line.h"
 
+#include "Tree/Owners.h"
+
 namespace BCFLib {
 
 Line::Line(QObject *parent)
@@ -8,6 +10,11 @@ Line::Line(QObject *parent)
 }
 
 Line::~Line() = default;
+
+void Line::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 osg::Vec3d Line::startPoint() const
 {

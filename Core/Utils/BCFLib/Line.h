@@ -38,6 +38,8 @@ protected:
 private:
     friend class Viewpoint;
 
+    void childEvent(QChildEvent *event) override;
+
     osg::Vec3d _startPoint;
     osg::Vec3d _endPoint;
 };

@@ -1,5 +1,6 @@
 #include "Project.h"
 
+#include "Tree/Owners.h"
 #include "Xml/Elements.h"
 #include "Xml/Printer.h"
 #include "Xml/Reader.h"
@@ -18,6 +19,11 @@ Project::Project(const QString &guid, QObject *parent)
 }
 
 Project::~Project() = default;
+
+void Project::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 QString Project::guid() const
 {

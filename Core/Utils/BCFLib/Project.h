@@ -58,6 +58,8 @@ protected:
 private:
     friend class BCFModel;
 
+    void childEvent(QChildEvent *event) override;
+
     QString _name;
     QString _extensionSchema;
 };

@@ -1,5 +1,7 @@
 #include "RelatedTopic.h"
 
+#include "Tree/Owners.h"
+
 #include <utility>
 
 namespace BCFLib {
@@ -11,6 +13,11 @@ RelatedTopic::RelatedTopic(QString guid, QObject *parent)
 }
 
 RelatedTopic::~RelatedTopic() = default;
+
+void RelatedTopic::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 QString RelatedTopic::guid() const
 {

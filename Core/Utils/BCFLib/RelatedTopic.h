@@ -34,6 +34,8 @@ protected:
 private:
     friend class Topic;
 
+    void childEvent(QChildEvent *event) override;
+
     QString _guid;
 };
 

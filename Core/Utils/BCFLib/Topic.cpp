@@ -12,9 +12,11 @@
 #include "RelatedTopic.h"
 #include "Tree/Guid.h"
 #include "Tree/GuidIndex.h"
+#include "Tree/Owners.h"
 #include "Tree/Search.h"
 #include "Viewpoint.h"
 
+#include <QChildEvent>
 #include <QFileInfo>
 #include <QIODevice>
 #include <memory>
@@ -31,14 +33,60 @@ bool hasFileName(const QString &path, const QString &name)
 
 } // namespace
 
+struct Topic::GuidIndexes
+{
+    explicit GuidIndexes(const Topic *topic)
+        : comments(topic, &Comment::staticMetaObject)
+        , viewpoints(topic, &Viewpoint::staticMetaObject)
+    {
+    }
+
+    GuidIndex comments;
+    GuidIndex viewpoints;
+};
+
+void Owners::childEvent(const QObject *parent, const QChildEvent *event)
+{
+    // Whoever stands above hears of what comes; who goes matters to nobody but the parent.
+    const QObject *const top = event->added() ? nullptr : parent->parent();
+    for (const QObject *object = parent; object != top; object = object->parent()) {
+        if (const Topic *topic = qobject_cast<const Topic *>(object)) {
+            topic->_indexes->comments.childEvent(event);
+            topic->_indexes->viewpoints.childEvent(event);
+        } else if (const BCFModel *model = qobject_cast<const BCFModel *>(object)) {
+            model->_index->childEvent(event);
+        }
+    }
+}
+
+void Owners::aboutToRename(const QObject *child, const QString &guid)
+{
+    if (const Topic *topic = qobject_cast<const Topic *>(child->parent())) {
+        topic->_indexes->comments.aboutToRename(child, guid);
+        topic->_indexes->viewpoints.aboutToRename(child, guid);
+    } else if (const BCFModel *model = qobject_cast<const BCFModel *>(child->parent())) {
+        model->_index->aboutToRename(child, guid);
+    }
+}
+
+bool Owners::areToldBy(const QObject *object)
+{
+    for (const QMetaObject *type = object->metaObject(); type != nullptr; type = type->superClass()) {
+        const QLatin1String name(type->className());
+        if (name.startsWith(QLatin1String("BCFLib::")) || name.startsWith(QLatin1String("BCF_2_0_Lib::"))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,
              QObject *parent)
     : QObject(parent)
     , _title(std::move(title))
     , _creationDate(std::move(creationDate))
     , _creationAuthor(std::move(creationAuthor))
-    , _commentHints(std::make_unique<GuidHints>())
-    , _viewpointHints(std::make_unique<GuidHints>())
+    , _indexes(std::make_unique<GuidIndexes>(this))
 {
     setObjectName(guidOrNewId(guid));
 }
@@ -53,8 +101,7 @@ Topic::~Topic() = default;
 
 void Topic::childEvent(QChildEvent *event)
 {
-    _commentHints->familyChanged(event);
-    _viewpointHints->familyChanged(event);
+    Owners::childEvent(this, event);
 }
 
 QString Topic::guid() const
@@ -64,8 +111,8 @@ QString Topic::guid() const
 
 void Topic::setGuid(const QString &guid)
 {
+    Owners::aboutToRename(this, guid);
     setObjectName(guid);
-    GuidHints::renamed(this);
 }
 
 QString Topic::topicType() const
@@ -202,12 +249,12 @@ void Topic::setAssignedTo(const QString &assignedTo)
 
 QList<Comment *> Topic::comments() const
 {
-    return ObjectTree::all<Comment>(this);
+    return Search::all<Comment>(this);
 }
 
 Comment *Topic::comment(const QString &guid) const
 {
-    return _commentHints->find<Comment>(this, guid);
+    return _indexes->comments.find<Comment>(guid);
 }
 
 Comment *Topic::addComment(const QString &guid)
@@ -235,17 +282,17 @@ void Topic::removeComment(const QString &guid)
 
 void Topic::removeComments()
 {
-    ObjectTree::deleteAll<Comment>(this);
+    Search::deleteAll<Comment>(this);
 }
 
 QList<Viewpoint *> Topic::viewpoints() const
 {
-    return ObjectTree::all<Viewpoint>(this);
+    return Search::all<Viewpoint>(this);
 }
 
 Viewpoint *Topic::viewpoint(const QString &guid) const
 {
-    return _viewpointHints->find<Viewpoint>(this, guid);
+    return _indexes->viewpoints.find<Viewpoint>(guid);
 }
 
 Viewpoint *Topic::addViewpoint(const QString &guid)
@@ -254,7 +301,7 @@ Viewpoint *Topic::addViewpoint(const QString &guid)
         removeViewpoint(guid);
     }
     Viewpoint *viewpoint = createViewpoint(guidOrNewId(guid));
-    if (hasOneViewpoint()) {
+    if (_indexes->viewpoints.count<Viewpoint>() == 1) {
         viewpoint->setViewpointFilename(QStringLiteral("viewpoint.bcfv"));
     }
     return viewpoint;
@@ -268,11 +315,14 @@ Viewpoint *Topic::createViewpoint(const QString &guid)
     return new Viewpoint(guid, this);
 }
 
-bool Topic::hasOneViewpoint() const
+/// The place among viewpoints(), which is found at once if it is the last.
+int Topic::positionOf(const Viewpoint *viewpoint) const
 {
-    int count = 0;
-    ObjectTree::firstWhere<Viewpoint>(this, [&count](const Viewpoint *) { return ++count > 1; });
-    return count == 1;
+    const QObjectList &all = children();
+    if (!all.isEmpty() && all.last() == viewpoint && viewpoint->findChild<Viewpoint *>() == nullptr) {
+        return _indexes->viewpoints.count<Viewpoint>() - 1;
+    }
+    return viewpoints().indexOf(const_cast<Viewpoint *>(viewpoint));
 }
 
 void Topic::removeViewpoint(const QString &guid)
@@ -282,7 +332,7 @@ void Topic::removeViewpoint(const QString &guid)
 
 void Topic::removeViewpoints()
 {
-    ObjectTree::deleteAll<Viewpoint>(this);
+    Search::deleteAll<Viewpoint>(this);
 }
 
 bool Topic::addSnapshot(const QString &guid, QByteArray *data)
@@ -327,7 +377,7 @@ void Topic::removeSnapshot(const QString &guid)
 
 QList<File *> Topic::files() const
 {
-    return ObjectTree::all<File>(this);
+    return Search::all<File>(this);
 }
 
 File *Topic::addFile()
@@ -337,12 +387,12 @@ File *Topic::addFile()
 
 void Topic::removeFiles()
 {
-    ObjectTree::deleteAll<File>(this);
+    Search::deleteAll<File>(this);
 }
 
 QList<DocumentReference *> Topic::documentReferences() const
 {
-    return ObjectTree::all<DocumentReference>(this);
+    return Search::all<DocumentReference>(this);
 }
 
 DocumentReference *Topic::addDocumentReference(const QString &guid)
@@ -352,12 +402,12 @@ DocumentReference *Topic::addDocumentReference(const QString &guid)
 
 void Topic::removeDocumentReferences()
 {
-    ObjectTree::deleteAll<DocumentReference>(this);
+    Search::deleteAll<DocumentReference>(this);
 }
 
 BimSnippet *Topic::bimSnippet() const
 {
-    return ObjectTree::first<BimSnippet>(this);
+    return Search::first<BimSnippet>(this);
 }
 
 BimSnippet *Topic::addBimSnippet()
@@ -372,7 +422,7 @@ void Topic::removeBimSnippet()
 
 QList<RelatedTopic *> Topic::relatedTopics() const
 {
-    return ObjectTree::all<RelatedTopic>(this);
+    return Search::all<RelatedTopic>(this);
 }
 
 RelatedTopic *Topic::addRelatedTopic(const QString &guid)
@@ -382,7 +432,7 @@ RelatedTopic *Topic::addRelatedTopic(const QString &guid)
 
 void Topic::removeRelatedTopics()
 {
-    ObjectTree::deleteAll<RelatedTopic>(this);
+    Search::deleteAll<RelatedTopic>(this);
 }
 
 bool Topic::isValid() const

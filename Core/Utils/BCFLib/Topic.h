@@ -29,7 +29,7 @@ class BimSnippet;
 class Comment;
 class DocumentReference;
 class File;
-class GuidHints;
+struct Owners;
 class RelatedTopic;
 class Viewpoint;
 
@@ -207,6 +207,10 @@ public:
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// Keeps the look-up by guid in step with the children. A class of a host that overrides it passes the
+    /// event on.
+    void childEvent(QChildEvent *event) override;
+
     /// For BCFModel::addTopic() and the reader; an empty @p guid gives a fresh one.
     Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,
           QObject *parent);
@@ -255,8 +259,10 @@ protected:
 
 private:
     friend class BCFModel;
+    friend class Viewpoint;
+    friend struct Owners;
+    struct GuidIndexes;
 
-    void childEvent(QChildEvent *event) override;
     /// The names of the entries of a saved topic's folder: for each viewpoint that of its file and that of
     /// its image, empty where there is none. Where viewpoints name one file, or one that can't be, these
     /// differ from what the viewpoints hold.
@@ -268,7 +274,7 @@ private:
     void attachmentsFromQVariant(const QVariantMap &map);
     bool takeAsDescription(const QString &text);
     bool storeSnapshot(Viewpoint *viewpoint, const QByteArray &bytes);
-    bool hasOneViewpoint() const;
+    int positionOf(const Viewpoint *viewpoint) const;
 
     QString _topicType;
     QString _topicStatus;
@@ -288,8 +294,7 @@ private:
     bool _isCreationDateOfFile = false;
     bool _isModifiedDateOfFile = false;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
-    std::unique_ptr<GuidHints> _commentHints;
-    std::unique_ptr<GuidHints> _viewpointHints;
+    std::unique_ptr<GuidIndexes> _indexes;
     /// Only while a file is written.
     Xml::Printer *_printer = nullptr;
 };

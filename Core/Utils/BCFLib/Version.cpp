@@ -1,6 +1,7 @@
 #include "Version.h"
 
 #include "BCFModel.h"
+#include "Tree/Owners.h"
 #include "Xml/Elements.h"
 #include "Xml/Printer.h"
 #include "Xml/Reader.h"
@@ -17,6 +18,11 @@ Version::Version(QObject *parent)
 }
 
 Version::~Version() = default;
+
+void Version::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
 
 QString Version::versionId() const
 {

@@ -53,6 +53,8 @@ protected:
 private:
     friend class BCFModel;
 
+    void childEvent(QChildEvent *event) override;
+
     QString _versionId;
     QString _detailedVersion;
 };

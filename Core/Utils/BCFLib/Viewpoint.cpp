@@ -6,7 +6,7 @@
 #include "Components.h"
 #include "Line.h"
 #include "Topic.h"
-#include "Tree/GuidIndex.h"
+#include "Tree/Owners.h"
 #include "Tree/Search.h"
 
 #include <QDir>
@@ -29,6 +29,11 @@ Viewpoint::Viewpoint(const QString &guid, Topic *topic)
 
 Viewpoint::~Viewpoint() = default;
 
+void Viewpoint::childEvent(QChildEvent *event)
+{
+    Owners::childEvent(this, event);
+}
+
 QString Viewpoint::guid() const
 {
     return objectName();
@@ -36,8 +41,8 @@ QString Viewpoint::guid() const
 
 void Viewpoint::setGuid(const QString &guid)
 {
+    Owners::aboutToRename(this, guid);
     setObjectName(guid);
-    GuidHints::renamed(this);
 }
 
 QString Viewpoint::viewpointFilename() const
@@ -111,7 +116,7 @@ void Viewpoint::setDefaultCameraParameters()
 
 QList<Line *> Viewpoint::lines() const
 {
-    return ObjectTree::all<Line>(this);
+    return Search::all<Line>(this);
 }
 
 Line *Viewpoint::addLine()
@@ -121,7 +126,7 @@ Line *Viewpoint::addLine()
 
 QList<ClippingPlane *> Viewpoint::clippingPlanes() const
 {
-    return ObjectTree::all<ClippingPlane>(this);
+    return Search::all<ClippingPlane>(this);
 }
 
 ClippingPlane *Viewpoint::addClippingPlane()
@@ -131,7 +136,7 @@ ClippingPlane *Viewpoint::addClippingPlane()
 
 QList<Bitmap *> Viewpoint::bitmaps() const
 {
-    return ObjectTree::all<Bitmap>(this);
+    return Search::all<Bitmap>(this);
 }
 
 Bitmap *Viewpoint::addBitmap()
@@ -147,7 +152,7 @@ bool Viewpoint::isOwnClass() const
 
 Components *Viewpoint::components() const
 {
-    Components *sets = ObjectTree::first<Components>(this);
+    Components *sets = Search::first<Components>(this);
     // A host that has deleted it, or moved it elsewhere, finds a new one.
     return sets != nullptr ? sets : new Components(const_cast<Viewpoint *>(this));
 }
@@ -185,7 +190,7 @@ void Viewpoint::createFilename()
 int Viewpoint::getPositionInTopic()
 {
     const Topic *topic = parentTopic();
-    return topic == nullptr ? 0 : topic->viewpoints().indexOf(this);
+    return topic == nullptr ? 0 : topic->positionOf(this);
 }
 
 Topic *Viewpoint::parentTopic() const

@@ -124,6 +124,9 @@ public:
     void fromQVariant(const QVariant &variant);
 
 protected:
+    /// Hands the event on to the owners that keep an index of guids.
+    void childEvent(QChildEvent *event) override;
+
     /// Sets the scale of the orthogonal camera to 0 and the opening of the perspective one to -1.
     void setDefaultCameraParameters();
 

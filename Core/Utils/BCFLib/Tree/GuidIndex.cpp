@@ -1,117 +1,161 @@
 #include "GuidIndex.h"
 
-#include <atomic>
-#include <utility>
+#include "Owners.h"
+
+#include <QChildEvent>
+#include <QCoreApplication>
 
 namespace BCFLib {
 
 namespace {
 
-/// Fewer children than this are asked one by one as fast as a hint is found.
-constexpr int smallFamily = 32;
-
-/// How often any object has taken on a guid without a signal.
-std::atomic<unsigned> silentRenames{0};
+/// So many newcomers are looked at together.
+constexpr std::size_t manyNewcomers = 64;
 
 } // namespace
 
-void GuidHints::familyChanged(const QChildEvent *event)
+GuidIndex::GuidIndex(const QObject *owner, const QMetaObject *type)
+    : _owner(owner)
+    , _type(type)
 {
-    if (_familySize == notWatched) {
+}
+
+void GuidIndex::childEvent(const QChildEvent *event)
+{
+    if (_listener == nullptr) {
         return;
     }
-    _familySize += event->added() ? 1 : event->removed() ? -1 : 0;
+    QObject *child = event->child();
     if (event->added()) {
-        _newcomers.append(event->child());
-    }
-    if (_newcomers.size() > 2 * _familySize) {
-        // Children come and go unasked for. The next search begins anew.
-        stopWatching();
-    }
-}
-
-void GuidHints::renamed(const QObject *object)
-{
-    if (object->signalsBlocked()) {
-        ++silentRenames;
-    }
-}
-
-QObject *GuidHints::hint(const QObject *owner, const QString &guid, const QMetaObject *type)
-{
-    const QObjectList &children = owner->children();
-    if (children.size() < smallFamily) {
-        stopWatching();
-        return nullptr;
-    }
-    if (!knows(children)) {
-        startWith(children);
-    }
-    for (const QPointer<QObject> &child : std::exchange(_newcomers, {})) {
-        if (type->cast(child.data()) != nullptr) {
-            takeIn(child);
+        // All but this one, which may still be being made.
+        if (_newcomers.size() >= manyNewcomers) {
+            takeInNewcomers();
         }
+        _newcomers.emplace(++_lastNumber, child);
+        if (child->parent() == _owner) {
+            ++_childCount;
+            _lastChild = child;
+        }
+        return;
     }
-    return verifiedHint(owner, guid);
+    --_childCount;
+    _lastChild = _owner->children().isEmpty() ? nullptr : _owner->children().last();
+    const auto key = _keys.find(child);
+    if (key != _keys.end()) {
+        _children.erase(key->second);
+        _keys.erase(key);
+        QObject::disconnect(child, nullptr, _listener.get(), nullptr);
+    }
+    for (auto newcomer = _newcomers.begin(); newcomer != _newcomers.end();) {
+        newcomer = newcomer->second == child ? _newcomers.erase(newcomer) : std::next(newcomer);
+    }
 }
 
-bool GuidHints::knows(const QObjectList &children) const
+void GuidIndex::aboutToRename(const QObject *child, const QString &guid)
 {
-    // A host can keep the owner's events back. Where most guids are those of the gone, it is time to sweep.
-    return _familySize == children.size() && _silentRenames == silentRenames
-        && _hints.size() <= 2 * _familySize;
+    const auto known = _keys.find(child);
+    if (known == _keys.end() || known->second.first == guid) {
+        return;
+    }
+    auto entry = _children.extract(known->second);
+    entry.key().first = guid;
+    known->second = entry.key();
+    _children.insert(std::move(entry));
 }
 
-QObject *GuidHints::verifiedHint(const QObject *owner, const QString &guid) const
+/// False where there can't be an index.
+bool GuidIndex::update()
 {
-    QObject *child = _hints.value(guid).first;
-    return child != nullptr && child->parent() == owner && child->objectName() == guid ? child : nullptr;
+    // Without an application nobody is told of children.
+    if (QCoreApplication::instance() == nullptr) {
+        end();
+        return false;
+    }
+    const QObjectList &children = _owner->children();
+    const bool isComplete = _listener != nullptr && _childCount == children.size()
+        && (children.isEmpty() || _lastChild == children.last());
+    if (!isComplete) {
+        begin();
+    }
+    takeInNewcomers();
+    return true;
 }
 
-void GuidHints::startWith(const QObjectList &children)
+void GuidIndex::begin()
 {
-    _hints.clear();
-    _newcomers = QList<QPointer<QObject>>(children.begin(), children.end());
-    _familySize = children.size();
-    _silentRenames = silentRenames;
+    end();
     _listener = std::make_unique<QObject>();
-}
-
-void GuidHints::stopWatching()
-{
-    _hints.clear();
-    _newcomers.clear();
-    _familySize = notWatched;
-    _listener.reset();
-}
-
-void GuidHints::takeIn(QObject *child)
-{
-    Hint &hint = _hints[child->objectName()];
-    if (hint.first.isNull() && !hint.isShared) {
-        hint.first = child;
-    } else if (hint.first == child) {
-        // It was away, and stands behind others now.
-        hint = {nullptr, true};
-    } else {
-        hint.isShared = true;
+    const QObjectList &children = _owner->children();
+    for (QObject *child : children) {
+        _newcomers.emplace(++_lastNumber, child);
     }
+    _childCount = children.size();
+    _lastChild = children.isEmpty() ? nullptr : children.last();
+}
+
+void GuidIndex::end()
+{
+    _listener.reset();
+    _children.clear();
+    _keys.clear();
+    _newcomers.clear();
+    _mayBeDeeper = false;
+}
+
+void GuidIndex::takeInNewcomers()
+{
+    for (const auto &newcomer : std::exchange(_newcomers, {})) {
+        QObject *object = newcomer.second;
+        if (object == nullptr) {
+            continue;
+        }
+        const bool isWanted = _type->cast(object) != nullptr;
+        if (isWanted && object->parent() == _owner) {
+            takeIn(object, newcomer.first);
+        }
+        _mayBeDeeper |= (isWanted && object->parent() != _owner) || mayHide(object);
+    }
+}
+
+void GuidIndex::takeIn(QObject *child, quint64 number)
+{
+    const Key key(child->objectName(), number);
+    _children.emplace(key, child);
+    _keys.emplace(child, key);
     // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
-    QObject::disconnect(child, nullptr, _listener.get(), nullptr);
     QObject::connect(
         child, &QObject::objectNameChanged, _listener.get(),
-        [this](const QString &guid) {
-            _hints[guid] = {nullptr, true};
-        },
-        Qt::DirectConnection);
+        [this, child](const QString &guid) { aboutToRename(child, guid); }, Qt::DirectConnection);
 }
 
-void GuidHints::remember(const QString &guid, QObject *child)
+/// Whether an object of the class stands below @p object, or may come there without being told of.
+bool GuidIndex::mayHide(const QObject *object) const
 {
-    const auto hint = _hints.find(guid);
-    if (hint != _hints.end()) {
-        hint->first = child;
+    if (!Owners::areToldBy(object)) {
+        return true;
     }
+    const QObjectList &children = object->children();
+    return std::any_of(children.begin(), children.end(), [this](const QObject *child) {
+        return _type->cast(child) != nullptr || mayHide(child);
+    });
+}
+
+/// The first child of that guid; null if there is none.
+QObject *GuidIndex::firstOf(const QString &guid)
+{
+    auto found = _children.lower_bound(Key(guid, 0));
+    if (found == _children.end() || found->first.first != guid) {
+        return nullptr;
+    }
+    QObject *child = found->second;
+    if (child != nullptr && child->parent() == _owner && child->objectName() == guid) {
+        return child;
+    }
+    // Somebody has kept something from the index.
+    begin();
+    takeInNewcomers();
+    found = _children.lower_bound(Key(guid, 0));
+    return found != _children.end() && found->first.first == guid ? found->second.data() : nullptr;
 }
 
 } // namespace BCFLib

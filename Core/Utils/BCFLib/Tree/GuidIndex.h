@@ -3,74 +3,87 @@
 
 #include "Search.h"
 
-#include <QChildEvent>
-#include <QHash>
-#include <QList>
-#include <QObject>
-#include <QPointer>
 #include <QString>
-
+#include <map>
 #include <memory>
+#include <utility>
+
+class QChildEvent;
 
 namespace BCFLib {
 
-/// Remembers which child of a large family bears which guid, so that not every search asks every child.
+/// Which children of an owner bear which guid, so that not every search asks every child.
 ///
-/// A hint is never trusted: a search looks whether the child is still there and still bears the guid,
-/// and asks all children where a hint fails. Of several children with one guid the first is meant; where
-/// one of them goes, comes back or took the guid on later, the next search finds out which that is. The
-/// children are the only store.
+/// Made with the first search that asks many. From then on it hears of the objects that come below the owner
+/// at any depth, of children that go, and of names that they take on. Where a host has kept children from
+/// it, the next search begins anew. A raw change of the name of a child whose signals are blocked or cut off
+/// is all that it can't know of; what it finds bears the guid in any case.
 ///
-/// What a hint can't see is a raw change of the object name of a child that a host has cut off from all
-/// its listeners.
-class GuidHints
+/// Guids are ordered, not hashed: they can be chosen such that all hash alike.
+class GuidIndex
 {
 public:
-    /// To be called with each child event of the owner.
-    void familyChanged(const QChildEvent *event);
-    /// To be called when an object has taken on a guid, whosever child it is.
-    static void renamed(const QObject *object);
+    /// Of the children of @p owner of that class.
+    GuidIndex(const QObject *owner, const QMetaObject *type);
 
-    /// The first object of class T below @p owner with that guid, or null; children before all others.
+    /// To be called with each child event of the owner and of the objects below it.
+    void childEvent(const QChildEvent *event);
+    /// To be called before a child takes on a guid.
+    void aboutToRename(const QObject *child, const QString &guid);
+
+    /// What a recursive findChild() gives, but that a null guid is one like any other empty one.
     template<class T>
-    T *find(const QObject *owner, const QString &guid)
+    T *find(const QString &guid)
     {
         const auto hasGuid = [&guid](const T *object) { return object->objectName() == guid; };
-        T *child = qobject_cast<T *>(hint(owner, guid, &T::staticMetaObject));
-        if (child == nullptr) {
-            child = ObjectTree::childWhere<T>(owner, hasGuid);
-            remember(guid, child);
+        if (_owner->children().size() < fewChildren) {
+            if (T *child = Search::childWhere<T>(_owner, hasGuid)) {
+                return child;
+            }
         }
-        return child != nullptr ? child : ObjectTree::furtherBelowWhere<T>(owner, hasGuid);
+        if (!update()) {
+            return Search::firstWhere<T>(_owner, hasGuid);
+        }
+        QObject *child = firstOf(guid);
+        return child == nullptr && _mayBeDeeper ? Search::firstWhere<T>(_owner, hasGuid)
+                                                : static_cast<T *>(child);
+    }
+
+    /// How many objects of the class there are below the owner.
+    template<class T>
+    int count()
+    {
+        return update() && !_mayBeDeeper ? static_cast<int>(_keys.size()) : Search::all<T>(_owner).size();
     }
 
 private:
-    QObject *hint(const QObject *owner, const QString &guid, const QMetaObject *type);
-    QObject *verifiedHint(const QObject *owner, const QString &guid) const;
-    void startWith(const QObjectList &children);
-    void stopWatching();
-    void takeIn(QObject *child);
-    void remember(const QString &guid, QObject *child);
-    bool knows(const QObjectList &children) const;
+    /// A guid, and the number of the child in the order in which they came.
+    using Key = std::pair<QString, quint64>;
 
-    struct Hint
-    {
-        /// The first child with that guid; null if it is gone or not known.
-        QPointer<QObject> first;
-        /// Whether there may be others.
-        bool isShared = false;
-    };
+    /// So few are asked as fast as the index.
+    static constexpr int fewChildren = 32;
 
-    static constexpr int notWatched = -1;
+    bool update();
+    void begin();
+    void end();
+    void takeInNewcomers();
+    void takeIn(QObject *child, quint64 number);
+    QObject *firstOf(const QString &guid);
+    bool mayHide(const QObject *object) const;
 
-    QHash<QString, Hint> _hints;
-    /// Children that were not looked at yet: while they are added they have no guid.
-    QList<QPointer<QObject>> _newcomers;
-    /// How many children the owner has as far as its events tell.
-    int _familySize = notWatched;
-    /// The silent renames that were known when watching began.
-    unsigned _silentRenames = 0;
-    /// Hears of guids that children take on.
+    const QObject *_owner;
+    const QMetaObject *_type;
+    std::map<Key, QPointer<QObject>> _children;
+    std::map<const QObject *, Key> _keys;
+    /// Objects that were not looked at yet: while they are made they have neither class nor name.
+    std::map<quint64, QPointer<QObject>> _newcomers;
+    quint64 _lastNumber = 0;
+    /// The owner's children as far as they were told of.
+    int _childCount = 0;
+    const QObject *_lastChild = nullptr;
+    /// Whether an object of the class may stand further below.
+    bool _mayBeDeeper = false;
+    /// Hears of names; null until there is an index.
     std::unique_ptr<QObject> _listener;
 };
 

@@ -4,24 +4,14 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
-#include <QString>
 
 namespace BCFLib {
 
 /// Queries on the tree of objects, which is the only store of what hangs below an object.
 ///
-/// They give what a recursive QObject::findChildren() and findChild() give, also for objects that
-/// a host has hung elsewhere below the owner, but pass by the references to model elements, which
-/// are most of a tree and hold nothing that is ever asked for.
-namespace ObjectTree {
-
-/// Whether nothing but references to model elements can stand below @p object.
-bool holdsOnlyReferences(const QObject *object);
-
-inline bool mayHoldMore(const QObject *object)
-{
-    return object != nullptr && !object->children().isEmpty() && !holdsOnlyReferences(object);
-}
+/// They give what a recursive QObject::findChildren() and findChild() give, however an object came to its
+/// place.
+namespace Search {
 
 /// Appends to @p found all objects of class T below @p owner, parents before their children.
 template<class T>
@@ -31,7 +21,7 @@ void collect(const QObject *owner, QList<T *> *found)
         if (T *match = qobject_cast<T *>(child)) {
             found->append(match);
         }
-        if (mayHoldMore(child)) {
+        if (!child->children().isEmpty()) {
             collect(child, found);
         }
     }
@@ -59,28 +49,18 @@ T *childWhere(const QObject *owner, const Predicate &accepts)
     return nullptr;
 }
 
-template<class T, class Predicate>
-T *firstWhere(const QObject *owner, const Predicate &accepts);
-
-/// The first object of class T that @p accepts, below the children of @p owner.
-template<class T, class Predicate>
-T *furtherBelowWhere(const QObject *owner, const Predicate &accepts)
-{
-    for (QObject *child : owner->children()) {
-        T *match = mayHoldMore(child) ? firstWhere<T>(child, accepts) : nullptr;
-        if (match != nullptr) {
-            return match;
-        }
-    }
-    return nullptr;
-}
-
 /// The first object of class T below @p owner that @p accepts, direct children before all others.
 template<class T, class Predicate>
 T *firstWhere(const QObject *owner, const Predicate &accepts)
 {
-    T *child = childWhere<T>(owner, accepts);
-    return child != nullptr ? child : furtherBelowWhere<T>(owner, accepts);
+    T *match = childWhere<T>(owner, accepts);
+    const QObjectList &children = owner->children();
+    for (auto child = children.begin(); match == nullptr && child != children.end(); ++child) {
+        if (!(*child)->children().isEmpty()) {
+            match = firstWhere<T>(*child, accepts);
+        }
+    }
+    return match;
 }
 
 /// The first object of class T below @p owner.
@@ -88,15 +68,6 @@ template<class T>
 T *first(const QObject *owner)
 {
     return firstWhere<T>(owner, [](const T *) { return true; });
-}
-
-/// The first object of class T below @p owner whose guid, the object name, is @p guid.
-///
-/// Unlike with QObject::findChild() a null text is a guid like any other empty one, no wildcard.
-template<class T>
-T *byGuid(const QObject *owner, const QString &guid)
-{
-    return firstWhere<T>(owner, [&guid](const T *object) { return object->objectName() == guid; });
 }
 
 /// Deletes all objects of class T below @p owner.
@@ -112,7 +83,7 @@ void deleteAll(const QObject *owner)
     }
 }
 
-} // namespace ObjectTree
+} // namespace Search
 } // namespace BCFLib
 
 #endif // BCFLIB_TREE_SEARCH_H

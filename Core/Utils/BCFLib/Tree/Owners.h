@@ -1,0 +1,23 @@
+#ifndef BCFLIB_TREE_OWNERS_H
+#define BCFLIB_TREE_OWNERS_H
+
+class QChildEvent;
+class QObject;
+class QString;
+
+namespace BCFLib {
+
+/// What the objects of a model tell those above them that keep an index of guids.
+struct Owners
+{
+    /// To be called with each child event of @p parent.
+    static void childEvent(const QObject *parent, const QChildEvent *event);
+    /// To be called before @p child takes on a guid.
+    static void aboutToRename(const QObject *child, const QString &guid);
+    /// Whether an object calls these.
+    static bool areToldBy(const QObject *object);
+};
+
+} // namespace BCFLib
+
+#endif // BCFLIB_TREE_OWNERS_H
