@@ -2,12 +2,14 @@
 """check-inspect.py BCF_INSPECT SCHEMA ARCHIVE...
 
 Runs bcf-inspect --json on the archives, on those in BCF_CORPUS_DIR if it is set, and on broken ones that
-it makes, and holds each line against the schema and each reason against what was broken.
+it makes, and holds each line against the schema and each reason against what was broken. Then it tries what
+the program prints, saves and ends with.
 """
 
 import copy
 import json
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -56,9 +58,13 @@ WARNED = {
 }
 
 
+def run_program(*arguments):
+    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, encoding='utf-8',
+                          env={**os.environ, 'TZ': 'Asia/Kolkata', 'LC_ALL': 'C'}, check=False)
+
+
 def inspect(*paths):
-    run = subprocess.run([PROGRAM, '--json', *map(str, paths)], capture_output=True, encoding='utf-8',
-                         env={**os.environ, 'TZ': 'Asia/Kolkata'}, check=False)
+    run = run_program('--json', *paths)
     lines = [json.loads(line) for line in run.stdout.splitlines()]
     assert [line['path'] for line in lines] == list(map(str, paths)), 'one line for each archive'
     assert run.returncode == (0 if all(line['usable'] for line in lines) else 1)
@@ -72,6 +78,57 @@ def write(path, entries):
     return path
 
 
+def check_exit_status(sample, folder):
+    lost = folder / 'no folder' / 'out.bcf'
+    for arguments, status in [((sample,), 0), (('--help',), 0), ((sample, PROGRAM, sample), 1),
+                              (('--json', PROGRAM), 1), (('--save', lost, sample), 1), (('--json',), 2),
+                              (('--save', lost, sample, sample), 2)]:
+        run = run_program(*arguments)
+        assert run.returncode == status, (arguments, run)
+        assert (run.stderr == '') == (status == 0) and ('Usage: ' in run.stderr) == (status == 2), run
+
+
+def check_report(sample, folder):
+    report = run_program(sample).stdout
+    assert all(len(line) <= 80 for line in report.splitlines())
+    assert re.search('\nMessage +-\n', report) and re.search('Reply to +comment 1\n', report)
+    assert 'zoë.o’brien@example.com' in report
+
+    def point(name, text):
+        x, y, z = text.split()
+        return f'<{name}><X>{x}</X><Y>{y}</Y><Z>{z}</Z></{name}>'
+
+    camera = '<VisualizationInfo><PerspectiveCamera>' + point('CameraViewPoint', '2600123.456 1200000 -0.1') \
+        + point('CameraDirection', '0 0 1') + point('CameraUpVector', '0 1 0') \
+        + '<FieldOfView>60</FieldOfView></PerspectiveCamera></VisualizationInfo>'
+    hostile = archive(TOPIC.replace('>T<', '>\x9b31m\x7f\u202eder ' + 200 * '漢' + '<'), viewpoint(''),
+                      viewpoint_bcfv=camera)
+    report = run_program(write(folder / 'hostile', hostile)).stdout
+    assert 'at (2600123.456, 1200000, -0.1)' in report and '\ufffd31m\ufffd\ufffdder' in report, report
+    assert not re.search('[\x00-\x09\x0b-\x1f\x7f-\x9f\u202e]', report)
+    # 40 wide characters fill a line.
+    assert 41 * '漢' not in report
+
+
+def check_save(sample, folder):
+    def topics(path):
+        return inspect(path)[0]['topics']
+
+    saved = folder / 'saved.bcf'
+    assert run_program('--save', saved, sample).returncode == 0 and topics(saved) == topics(sample)
+
+    # What could not be loaded must not take the place of a good archive, nor what was loaded in part.
+    header = '<Header><File isExternal="false"><Filename>gone.txt</Filename></File></Header>'
+    torso = write(folder / 'torso', archive(rest=header))
+    for path in (PROGRAM, torso):
+        assert run_program('--save', saved, path).returncode == 1 and topics(saved) == topics(sample)
+
+    # What a newer version holds elsewhere would be gone for good.
+    newer = write(folder / 'newer', archive(version='<Version VersionId="3.0"/>'))
+    assert run_program('--save', newer, newer).returncode == 1
+    assert b'3.0' in zipfile.ZipFile(newer).read('bcf.version')
+
+
 def main():
     schema = json.loads(Path(SCHEMA).read_text(encoding='utf-8'))
     jsonschema.Draft202012Validator.check_schema(schema)
@@ -83,6 +140,8 @@ def main():
 
     with tempfile.TemporaryDirectory() as folder:
         at = Path(folder)
+        for check in (check_exit_status, check_report, check_save):
+            check(ARCHIVES[0], at)
         for name, (entries, problems) in BROKEN.items():
             line, = inspect(write(at / name, entries))
             assert len(line['problems']) == len(problems), (name, line['problems'])
