@@ -84,13 +84,13 @@ inline QString tree(const QAbstractItemModel &model, const QModelIndex &parent =
     return texts.join(' ');
 }
 
-/// Deals with the dialog that comes next, once it is there.
+/// Deals with the dialog that comes next, once it has the keyboard.
 template<class Dialog, class Deal>
 void whenAsked(Deal deal)
 {
     QTimer::singleShot(10, [deal] {
         auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        dialog ? deal(dialog) : whenAsked<Dialog>(deal);
+        dialog && dialog->isActiveWindow() ? deal(dialog) : whenAsked<Dialog>(deal);
     });
 }
 
@@ -104,7 +104,10 @@ inline void answer(QMessageBox::StandardButton button)
 inline void choose(const QString &name)
 {
     whenAsked<QFileDialog>([name](const QFileDialog *dialog) {
-        replaceText(dialog->findChild<QLineEdit *>("fileNameEdit"), name);
+        auto *const field = dialog->findChild<QLineEdit *>("fileNameEdit");
+        // Typing would open a list of files, which takes the keys.
+        field->setText(name);
+        QTest::keyClick(field, Qt::Key_Return);
     });
 }
 
