@@ -83,51 +83,19 @@ void TestIssueBrowserDisplay::filters_data()
     QTest::addColumn<QString>("numbers");
     QTest::addColumn<QString>("count");
 
-    QTest::newRow("all") << ""
-                         << ""
-                         << ""
-                         << "1 2 3"
-                         << "3 topics";
-    QTest::newRow("title") << "DAMPER"
-                           << ""
-                           << ""
-                           << "2"
-                           << "1 of 3 topics";
-    QTest::newRow("description") << "third of its span"
-                                 << ""
-                                 << ""
-                                 << "1"
-                                 << "1 of 3 topics";
-    QTest::newRow("comment") << "compartment"
-                             << ""
-                             << ""
-                             << "3"
-                             << "1 of 3 topics";
-    QTest::newRow("words in several texts") << "rating compartment closed"
-                                            << ""
-                                            << ""
-                                            << "3"
-                                            << "1 of 3 topics";
-    QTest::newRow("label") << "fire safety"
-                           << ""
-                           << ""
-                           << "2 3"
-                           << "2 of 3 topics";
-    QTest::newRow("status") << ""
-                            << "Open"
-                            << ""
-                            << "1"
-                            << "1 of 3 topics";
-    QTest::newRow("assignee") << ""
-                              << ""
-                              << "aino.virtanen@example.com"
-                              << "1 2"
-                              << "2 of 3 topics";
-    QTest::newRow("nothing") << "damper"
-                             << "Closed"
-                             << ""
-                             << ""
-                             << "0 of 3 topics";
+    const auto row = [](const char *name, const char *c0, const char *c1, const char *c2, const char *c3,
+                        const char *c4) {
+        QTest::newRow(name) << QString(c0) << QString(c1) << QString(c2) << QString(c3) << QString(c4);
+    };
+    row("all", "", "", "", "1 2 3", "3 topics");
+    row("title", "DAMPER", "", "", "2", "1 of 3 topics");
+    row("description", "third of its span", "", "", "1", "1 of 3 topics");
+    row("comment", "compartment", "", "", "3", "1 of 3 topics");
+    row("words in several texts", "rating compartment closed", "", "", "3", "1 of 3 topics");
+    row("label", "fire safety", "", "", "2 3", "2 of 3 topics");
+    row("status", "", "Open", "", "1", "1 of 3 topics");
+    row("assignee", "", "", "aino.virtanen@example.com", "1 2", "2 of 3 topics");
+    row("nothing", "damper", "Closed", "", "", "0 of 3 topics");
 }
 
 void TestIssueBrowserDisplay::filters()

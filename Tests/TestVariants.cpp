@@ -197,36 +197,20 @@ void TestVariants::folding_data()
     QTest::addColumn<QString>("folded");
     QTest::addColumn<QString>("unfolded");
 
-    QTest::newRow("no components") << ""
-                                   << "visible but "
-                                   << "";
-    QTest::newRow(
-        "more shown than hidden: the shown ones are written, the hidden one comes back by its colour")
-        << "a+=ff0000 b+s c-=ff0000"
-        << "hidden but a,b; selected b; #ff0000 a,c"
-        << "a+=ff0000 b+s c=ff0000";
-    QTest::newRow("without colour it is gone") << "a+ b+ c-"
-                                               << "hidden but a,b"
-                                               << "a+ b+";
-    QTest::newRow("three shown, two hidden") << "a+ b- c+ d- e+"
-                                             << "hidden but a,c,e"
-                                             << "a+ c+ e+";
-    QTest::newRow("two shown, three hidden") << "a- b+ c- d+ e-"
-                                             << "visible but a,c,e"
-                                             << "a- c- e-";
-    QTest::newRow("a tie is for the hidden ones") << "a+ b- c+ d-"
-                                                  << "visible but b,d"
-                                                  << "b- d-";
-    QTest::newRow("unset counts as hidden") << "b a+ c"
-                                            << "visible but b,c"
-                                            << "b- c-";
-    QTest::newRow("not selected is not told") << "b-n a-s"
-                                              << "visible but a,b; selected a"
-                                              << "a-s b-";
-    QTest::newRow("two spellings are two groups of one name")
-        << "a-=ff0000 b-=#ff0000 c-=##1"
-        << "visible but a,b,c; ##1 c; #ff0000 b; #ff0000 a"
-        << "a-=ff0000 b-=ff0000 c-=#1";
+    const auto row = [](const char *name, const char *c0, const char *c1, const char *c2) {
+        QTest::newRow(name) << QString(c0) << QString(c1) << QString(c2);
+    };
+    row("no components", "", "visible but ", "");
+    row("more shown than hidden: the shown ones are written, the hidden one comes back by its colour",
+        "a+=ff0000 b+s c-=ff0000", "hidden but a,b; selected b; #ff0000 a,c", "a+=ff0000 b+s c=ff0000");
+    row("without colour it is gone", "a+ b+ c-", "hidden but a,b", "a+ b+");
+    row("three shown, two hidden", "a+ b- c+ d- e+", "hidden but a,c,e", "a+ c+ e+");
+    row("two shown, three hidden", "a- b+ c- d+ e-", "visible but a,c,e", "a- c- e-");
+    row("a tie is for the hidden ones", "a+ b- c+ d-", "visible but b,d", "b- d-");
+    row("unset counts as hidden", "b a+ c", "visible but b,c", "b- c-");
+    row("not selected is not told", "b-n a-s", "visible but a,b; selected a", "a-s b-");
+    row("two spellings are two groups of one name", "a-=ff0000 b-=#ff0000 c-=##1",
+        "visible but a,b,c; ##1 c; #ff0000 b; #ff0000 a", "a-=ff0000 b-=ff0000 c-=#1");
 }
 
 void TestVariants::folding()
