@@ -5,7 +5,6 @@
 #include <Components.h>
 #include <File.h>
 #include <Topic.h>
-#include <Version.h>
 
 #include <QDir>
 #include <QDomDocument>
@@ -190,29 +189,6 @@ QStringList dump(const QObject *object, const QString &indent = QString())
     return lines;
 }
 
-/// What of the form of a topic has to outlast rebuilding it; what has not is a matter of other tests.
-QVariantList lasting(QVariantMap topic, bool isListForm)
-{
-    const auto takeList = [&topic](const char *key) { return topic.take(key).toList(); };
-    QVariantList all;
-    for (const QVariant &form : takeList("viewpoints")) {
-        QVariantMap viewpoint = form.toMap();
-        const QVariantMap references = viewpoint.take("components").toMap();
-        all << references.value("selection") << references.value(isListForm ? "coloring" : "visibility");
-        if (!viewpoint.contains("snapshot")) {
-            viewpoint.remove("viewpoint_file");
-            viewpoint.remove("snapshot_file");
-        }
-        all << viewpoint;
-    }
-    for (const QVariant &form : takeList("comments") + takeList("document_references")) {
-        QVariantMap map = form.toMap();
-        map.remove("reply_to_comment_guid");
-        all << (map.contains("author") ? map : QVariantMap{{"document", map.value("referenced_document")}});
-    }
-    return all << topic;
-}
-
 } // namespace
 
 class TestCorpus : public QObject
@@ -224,8 +200,6 @@ private slots:
     void theTreeSaysWhatTheFilesSay();
     void saves_data() { theTreeSaysWhatTheFilesSay_data(); }
     void saves();
-    void forms_data() { theTreeSaysWhatTheFilesSay_data(); }
-    void forms();
 
 private:
     QSharedPointer<BCFModel> load(const QString &path) const;
@@ -340,22 +314,6 @@ void TestCorpus::saves()
     }
 
     QCOMPARE(TestArchive::complaints(saved), QString());
-}
-
-void TestCorpus::forms()
-{
-    QFETCH(QString, path);
-
-    const QSharedPointer<BCFModel> model = load(path);
-    for (const Topic *topic : model->topics()) {
-        const QSharedPointer<BCFModel> other = BCFModel::Create(model->version()->versionId(), nullptr);
-        const QVariantMap before = topic->toQVariant().toMap();
-        const Topic *rebuilt = new Topic(before, other.data());
-        const QVariantMap after = rebuilt->toQVariant().toMap();
-        const bool isListForm = BCFModel::isBCF_2_0(model.data());
-        QCOMPARE(textOf(lasting(after, isListForm)), textOf(lasting(before, isListForm)));
-        QVERIFY2(after == Topic(after, other.data()).toQVariant().toMap(), "a second time changes more");
-    }
 }
 
 QTEST_GUILESS_MAIN(TestCorpus)

@@ -200,8 +200,6 @@ void TestLargeFiles::manyElements_data()
     const char *const expected = u8"%1\u00e9\u20ac|s%1&|";
     row("selected elements", "VisualizationInfo/Components/Selection", named, "BCFLib::Component", references,
         expected);
-    row("exceptions", "VisualizationInfo/Components/Visibility/Exceptions", named, "BCFLib::Component",
-        references, expected);
     row("elements in a list", "VisualizationInfo/Components", named, "BCFLib::Component", references,
         expected, "2.0");
     row("lines", "VisualizationInfo/Lines", line + "<Line/>", "BCFLib::Line", "_startPoint", "%1 -0.2 3");
@@ -212,9 +210,6 @@ void TestLargeFiles::manyElements_data()
     row("comments", "Markup",
         "<Comment Guid='%1'><Comment>a<b>%1</b><Comment/><![CDATA[&]]></Comment></Comment>",
         "BCFLib::Comment", "objectName _comment", "%1|a%1&");
-    row("files", "Markup/Header", "<File><Filename>%1</Filename></File>", "BCFLib::File", "_filename", "%1");
-    row("links between topics", "Markup/Topic", "<Labels>%1</Labels><RelatedTopics Guid='%1'/>",
-        "BCFLib::RelatedTopic", "_guid", "%1");
 }
 
 void TestLargeFiles::manyElements()

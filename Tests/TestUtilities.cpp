@@ -1,10 +1,8 @@
 #include <Core/Utils/QtCoreTools/Boolean.h>
-#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
 #include <Core/Utils/Utility/NewId.h>
 #include <Core/Utils/Utility/Vec3dVariant.h>
 
 #include <QSet>
-#include <QSignalSpy>
 #include <QTest>
 #include <QUuid>
 #include <limits>
@@ -24,7 +22,6 @@ private slots:
     void vectorsOfMaps();
     void vectorsSurviveTheRoundTrip();
     void identifiersAreDistinctFolderNames();
-    void progressIsPassedOnUnchanged();
 };
 
 void TestUtilities::truthOfVariants_data()
@@ -102,19 +99,6 @@ void TestUtilities::identifiersAreDistinctFolderNames()
         seen.insert(id);
     }
     QCOMPARE(seen.size(), 10000);
-}
-
-void TestUtilities::progressIsPassedOnUnchanged()
-{
-    const Tavrin::ProgressionSignals progression;
-    QSignalSpy maxima(&progression, &Tavrin::ProgressionSignals::addMaxSig);
-    QSignalSpy steps(&progression, &Tavrin::ProgressionSignals::addStepsSig);
-
-    progression.addMax(5'000'000'000);
-    progression.addSteps(3);
-
-    QCOMPARE(maxima, QList<QVariantList>{{qint64(5'000'000'000)}});
-    QCOMPARE(steps, QList<QVariantList>{{qint64(3)}});
 }
 
 QTEST_APPLESS_MAIN(TestUtilities)
