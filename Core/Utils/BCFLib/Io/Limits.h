@@ -43,10 +43,9 @@ constexpr qint64 packedByteCost = 8;
 /// What opening an entry costs.
 constexpr qint64 openingCost = 2048;
 
-/// Nodes of all XML files of one archive, counted as for one: so many, and this much for each byte of the
-/// archive's own.
-constexpr qint64 archiveNodes = 3LL * 1000 * 1000;
-constexpr qint64 archiveNodeGrowth = 1;
+/// What an element, an attribute or another node of an XML file costs: the objects that come of one take up
+/// to four times as much memory.
+constexpr qint64 nodeCost = 96;
 
 } // namespace Limits
 } // namespace BCFLib

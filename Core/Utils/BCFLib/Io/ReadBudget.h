@@ -10,18 +10,15 @@ class ReadBudget
 {
 public:
     explicit ReadBudget(qint64 archiveSize)
-        : _bytes(Limits::archiveBytes + Limits::archiveGrowth * archiveSize)
-        , _nodes(Limits::archiveNodes + Limits::archiveNodeGrowth * archiveSize)
+        : _left(Limits::archiveBytes + Limits::archiveGrowth * archiveSize)
     {
     }
 
-    void spendBytes(qint64 bytes) { _bytes -= bytes; }
-    void spendNodes(qint64 nodes) { _nodes -= nodes; }
-    bool isSpent() const { return _bytes <= 0 || _nodes <= 0; }
+    void spend(qint64 bytes) { _left -= bytes; }
+    bool isSpent() const { return _left <= 0; }
 
 private:
-    qint64 _bytes;
-    qint64 _nodes;
+    qint64 _left;
 };
 
 /// A device whose content is read at the cost of a budget.

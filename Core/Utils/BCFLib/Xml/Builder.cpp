@@ -153,7 +153,7 @@ void Builder::count(qint64 nodes)
 {
     _nodes += nodes;
     if (_budget != nullptr) {
-        _budget->spendNodes(nodes);
+        _budget->spend(Limits::nodeCost * nodes);
     }
     if (_nodes > Limits::xmlNodes || (_budget != nullptr && _budget->isSpent())) {
         refuse();

@@ -84,7 +84,7 @@ qint64 ArchiveDevice::readData(char *data, qint64 maxSize)
         std::memcpy(data + length, block.bytes + offset, static_cast<size_t>(count));
         length += count;
     }
-    _budget.spendBytes(Limits::packedByteCost * length);
+    _budget.spend(Limits::packedByteCost * length);
     return length;
 }
 

@@ -2,14 +2,17 @@
 
 #include "ArchiveDevice.h"
 
+#include <QTextCodec>
 #include <quazip/quazip.h>
 #include <quazip/quazipdir.h>
-#include <quazip/quazipfileinfo.h>
 #include <set>
 
 namespace BCFLib {
 
 namespace {
+
+/// What a zip can hold.
+constexpr int longestName = 65535;
 
 /// The name as it is looked up.
 QString keyOf(const QString &name)
@@ -23,15 +26,21 @@ QString keyOf(const QString &name)
 void Directory::read(QuaZip *zip)
 {
     std::set<QString> known;
+    QByteArray buffer(longestName, Qt::Uninitialized);
     for (bool more = zip->goToFirstFile(); more; more = zip->goToNextFile()) {
-        // What QuaZip tells of a name alone is filled up with chance bytes where it is long.
-        QuaZipFileInfo64 info;
         unz64_file_pos position;
-        if (!zip->getCurrentFileInfo(&info) || unzGetFilePos64(zip->getUnzFile(), &position) != UNZ_OK) {
+        unz_file_info64 info;
+        if (unzGetFilePos64(zip->getUnzFile(), &position) != UNZ_OK
+            || unzGetCurrentFileInfo64(zip->getUnzFile(), &info, buffer.data(), longestName, nullptr, 0,
+                                       nullptr, 0)
+                != UNZ_OK) {
             continue;
         }
-        _entries[keyOf(info.name)] = position;
-        const QString folder = info.name.left(info.name.indexOf(QLatin1Char('/')) + 1);
+        const QByteArray bytes = buffer.left(static_cast<int>(info.size_filename));
+        const bool isUtf8 = (info.flag & UNZ_ENCODING_UTF8) != 0;
+        const QString name = isUtf8 ? QString::fromUtf8(bytes) : zip->getFileNameCodec()->toUnicode(bytes);
+        _entries[keyOf(name)] = position;
+        const QString folder = name.left(name.indexOf(QLatin1Char('/')) + 1);
         if (!folder.isEmpty() && known.insert(folder).second) {
             _rootFolders.append(folder);
         }
@@ -52,7 +61,7 @@ bool Directory::goTo(QuaZip *zip, const QString &name)
         return zip->setCurrentFile(name, QuaZip::csDefault);
     }
     // A name takes time, too: a folder's can be long, and be asked for with each of its files.
-    device->budget()->spendBytes(name.size());
+    device->budget()->spend(name.size());
     const auto &entries = device->directory()._entries;
     const auto entry = entries.find(keyOf(name));
     return !device->budget()->isSpent() && entry != entries.end()

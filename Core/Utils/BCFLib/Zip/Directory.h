@@ -14,8 +14,8 @@ namespace BCFLib {
 
 /// Where the entries of an archive stand, from one walk over its directory.
 ///
-/// QuaZip keeps the names that it comes by in a hash, and takes quadratic time over names that were chosen to
-/// hash alike.
+/// QuaZip keeps the names that it tells in a hash, and takes quadratic time over names that were chosen to
+/// hash alike. So it is not asked.
 class Directory
 {
 public:

@@ -63,7 +63,7 @@ bool EntryReader::isSpent() const
 void EntryReader::spend(qint64 bytes)
 {
     if (_budget != nullptr) {
-        _budget->spendBytes(bytes);
+        _budget->spend(bytes);
     }
 }
 
