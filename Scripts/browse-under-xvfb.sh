@@ -35,7 +35,7 @@ export TZ=UTC USER=maria.lindqvist@example.com QT_STYLE_OVERRIDE=Fusion LC_ALL=C
 chmod 700 "$scratch"
 mkfifo "$scratch/display"
 exec 3<>"$scratch/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 2>"$scratch/xvfb.log" &
+Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 2>"$scratch/xvfb.log" &
 started+=($!)
 read -r -t 20 number <&3
 export DISPLAY=:$number
@@ -103,7 +103,7 @@ quit() {
 archive="$scratch/coordination.bcf"
 cp "$sample" "$archive"
 browse "$archive"
-xdotool mousemove 1279 799
+xdotool mousemove 1279 899
 picture main-window "$window"
 cp "$pictures/main-window.png" Docs/issue-browser.png
 

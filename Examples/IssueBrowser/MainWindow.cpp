@@ -149,7 +149,7 @@ MainWindow::MainWindow(QWidget *parent)
     new FocusMarker(this);
     // Room for the columns in the user's font, and for the frame on a small screen.
     resize(
-        (QSize(82, 53) * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() - QSize(24, 48)));
+        (QSize(82, 56) * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() - QSize(24, 48)));
     Settings::restore(this);
 }
 

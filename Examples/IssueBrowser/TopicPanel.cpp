@@ -76,6 +76,11 @@ TopicPanel::TopicPanel(ArchiveEditor *editor, TopicTableModel *topics, QWidget *
         // Always a date and an author, so that the panel keeps its size from topic to topic.
         stamp->setMinimumHeight(2 * fontMetrics().lineSpacing());
     }
+    // It takes the room that is there rather than making the panel scroll.
+    QSizePolicy whatIsLeft(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    whatIsLeft.setVerticalStretch(1);
+    _description->setSizePolicy(whatIsLeft);
+    _description->setMinimumHeight(5 * fontMetrics().lineSpacing());
     form->addRow(_description);
 
     _description->setObjectName(QStringLiteral("description"));
