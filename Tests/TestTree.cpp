@@ -218,8 +218,9 @@ void TestTree::componentsLeaveEveryListThatHeldThem()
     BCFLib::Components *sets = _topic->addViewpoint("v")->components();
     sets->setSelectionComponents({"a", "", "a"});
     sets->setVisibilityExceptionComponents({"a", "b"});
-    sets->addColoringComponents(QColor(0, 255, 0), QStringList{"c"});
-    sets->addColoringComponents(QColor(0, 255, 0, 7), QStringList{"a", "d"});
+    sets->addColoringComponents(QColor(0, 255, 0), {"c"});
+    sets->addColoringComponents(Qt::blue, {});
+    sets->addColoringComponents(QColor(0, 255, 0, 7), {"a", "d"});
     QCOMPARE(guids(sets, "BCFLib::Component"), QStringList({"a", "", "a", "a", "b", "a", "d"}));
     for (QObject *component : sets->findChildren<QObject *>("a")) {
         delete component;

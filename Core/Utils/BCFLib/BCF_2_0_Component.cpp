@@ -11,8 +11,8 @@ Component::Component(const QString &guid, QObject *parent)
 
 Component::~Component()
 {
-    if (Viewpoint *viewpoint = qobject_cast<Viewpoint *>(_holder)) {
-        viewpoint->forget(this);
+    if (_viewpoint != nullptr) {
+        _viewpoint->forget(this);
     }
 }
 

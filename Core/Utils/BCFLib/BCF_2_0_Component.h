@@ -7,6 +7,8 @@
 
 namespace BCF_2_0_Lib {
 
+class Viewpoint;
+
 /// A reference to one element of the building model with the marks of the list form.
 ///
 /// Made by BCF_2_0_Lib::Viewpoint and owned by it.
@@ -41,6 +43,8 @@ private:
     Tavrin::Boolean _visible = Tavrin::BooleanUnset;
     Tavrin::Boolean _selected = Tavrin::BooleanUnset;
     QString _color;
+    /// The viewpoint whose list it stands in.
+    Viewpoint *_viewpoint = nullptr;
 };
 
 } // namespace BCF_2_0_Lib

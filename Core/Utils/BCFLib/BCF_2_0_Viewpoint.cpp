@@ -3,6 +3,8 @@
 #include <log4cplus/loggingmacros.h>
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace BCF_2_0_Lib {
 
@@ -11,7 +13,13 @@ Viewpoint::Viewpoint(const QString &guid, BCFLib::Topic *topic)
 {
 }
 
-Viewpoint::~Viewpoint() = default;
+Viewpoint::~Viewpoint()
+{
+    // A component that a host has hung elsewhere outlives the list.
+    for (Component *component : qAsConst(_components)) {
+        component->_viewpoint = nullptr;
+    }
+}
 
 Component *Viewpoint::addComponent(const QString &guid)
 {
@@ -19,9 +27,14 @@ Component *Viewpoint::addComponent(const QString &guid)
         LOG4CPLUS_ERROR(_logger, LOG4CPLUS_TEXT("To add component with empty guid is not allowed"));
     }
     delete _components.value(guid);
-    Component *component = new Component(guid, this);
-    _components.insert(guid, component);
-    return component;
+    std::unique_ptr<Component> component(new Component(guid, this));
+    component->_viewpoint = this;
+    Component *&entry = _components[guid];
+    // Slots and filters of the host may add one, too; the last one stays.
+    Component *other = std::exchange(entry, component.release());
+    delete other;
+    Component *added = _components.value(guid);
+    return added != nullptr ? added : addComponent(guid);
 }
 
 Component *Viewpoint::getComponent(const QString &guid) const
@@ -34,7 +47,8 @@ QList<Component *> Viewpoint::components() const
     return _components.values();
 }
 
-void Viewpoint::forget(Component *component)
+/// A component that is destroyed leaves the list.
+void Viewpoint::forget(const Component *component)
 {
     // The key is the guid under which it was added, which need not be its guid any more.
     auto entry = _components.find(component->guid());

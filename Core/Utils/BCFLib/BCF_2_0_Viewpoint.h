@@ -45,8 +45,7 @@ protected:
 private:
     friend class Component;
 
-    /// A component that is destroyed leaves the list.
-    void forget(Component *component);
+    void forget(const Component *component);
 
     QMap<QString, Component *> _components;
 };

@@ -1,21 +1,19 @@
 #include "Component.h"
 
-#include "Components.h"
 #include "Tree/Owners.h"
 
 namespace BCFLib {
 
 Component::Component(const QString &guid, QObject *parent)
     : QObject(parent)
-    , _holder(parent)
 {
     setObjectName(guid);
 }
 
 Component::~Component()
 {
-    if (Components *sets = qobject_cast<Components *>(_holder)) {
-        sets->forget(this);
+    if (_set != nullptr) {
+        _set->removeOne(this);
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include "BCFLibExport.h"
 
+#include <QList>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QVariant>
 
@@ -69,10 +69,8 @@ private:
     QString _originatingSystem;
     QString _authoringToolId;
     QString _ifcProjectId;
-
-protected:
-    /// The object whose lists hold this component, for as long as it lives.
-    QPointer<QObject> _holder;
+    /// The set that it stands in; null in the list form.
+    QList<Component *> *_set = nullptr;
 };
 
 } // namespace BCFLib

@@ -3,16 +3,102 @@
 #include "Component.h"
 #include "Tree/Owners.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace BCFLib {
+
+/// Components that are on their way into a set or out of one. What it holds in the end is deleted.
+///
+/// Slots and filters of the host run while components are made and deleted, and may do the same.
+class Components::Batch
+{
+public:
+    Batch() = default;
+    Q_DISABLE_COPY(Batch)
+
+    ~Batch()
+    {
+        // From the first one on: so an object looks for a child that goes.
+        while (!_components.isEmpty()) {
+            Component *component = _components.takeFirst();
+            component->_set = nullptr;
+            delete component;
+        }
+    }
+
+    void make(const QVector<Mention> &mentions, Components *parent)
+    {
+        _components.reserve(mentions.size());
+        for (const Mention &mention : mentions) {
+            Component *component = new Component(mention.guid, parent);
+            component->_ifcProjectId = mention.ifcProjectId;
+            component->_originatingSystem = mention.originatingSystem;
+            component->_authoringToolId = mention.authoringToolId;
+            component->_set = &_components;
+            _components.append(component);
+        }
+    }
+
+    /// Gives its components to @p set and takes what stood there.
+    void exchange(QList<Component *> &set)
+    {
+        _components.swap(set);
+        for (Component *component : qAsConst(_components)) {
+            component->_set = &_components;
+        }
+        for (Component *component : qAsConst(set)) {
+            component->_set = &set;
+        }
+    }
+
+    /// Empties @p sets, whose components stand here in the order of the children then.
+    void takeAll(const QVector<QList<Component *> *> &sets, const QObject *parent)
+    {
+        QList<Component *> all;
+        for (const QList<Component *> *set : sets) {
+            all.append(*set);
+        }
+        _components.reserve(all.size());
+        for (Component *component : qAsConst(all)) {
+            component->_set = &_components;
+        }
+        for (QList<Component *> *set : sets) {
+            QList<Component *>().swap(*set);
+        }
+        for (QObject *child : parent->children()) {
+            Component *component = qobject_cast<Component *>(child);
+            if (component != nullptr && component->_set == &_components) {
+                _components.append(component);
+            }
+        }
+        for (Component *component : qAsConst(all)) {
+            if (component->parent() != parent) {
+                _components.append(component);
+            }
+        }
+    }
+
+private:
+    QList<Component *> _components;
+};
 
 Components::Components(QObject *parent)
     : QObject(parent)
 {
 }
 
-Components::~Components() = default;
+Components::~Components()
+{
+    // A component that a host has hung elsewhere outlives its set.
+    const auto release = [](const QList<Component *> &set) {
+        for (Component *component : set) {
+            component->_set = nullptr;
+        }
+    };
+    release(_selectionComponents);
+    release(_visibilityExceptionComponents);
+    std::for_each(_coloringComponents.cbegin(), _coloringComponents.cend(), release);
+}
 
 QList<Component *> Components::getSelectionComponents()
 {
@@ -21,8 +107,7 @@ QList<Component *> Components::getSelectionComponents()
 
 void Components::setSelectionComponents(const QStringList &guids)
 {
-    deleteAll(std::exchange(_selectionComponents, {}));
-    _selectionComponents = guidListToComponentList(guids);
+    replace(_selectionComponents, mentionsOf(guids));
 }
 
 bool Components::getDefaultVisibility() const
@@ -42,8 +127,7 @@ QList<Component *> Components::getVisibilityExceptionComponents()
 
 void Components::setVisibilityExceptionComponents(const QStringList &guids)
 {
-    deleteAll(std::exchange(_visibilityExceptionComponents, {}));
-    _visibilityExceptionComponents = guidListToComponentList(guids);
+    replace(_visibilityExceptionComponents, mentionsOf(guids));
 }
 
 ViewSetupHints Components::getViewSetupHints() const
@@ -58,66 +142,14 @@ void Components::setViewSetupHints(const ViewSetupHints &viewSetupHints)
 
 void Components::addColoringComponents(const QColor &color, const QStringList &guids)
 {
-    addColoringComponents(color, guidListToComponentList(guids));
-}
-
-void Components::addColoringComponents(const QColor &color, const QList<Component *> &list)
-{
-    // The new list stands before the old components go, so that none is deleted unseen on that.
-    deleteAll(std::exchange(_coloringComponents[color.name()], list));
+    replaceColor(color.name(), mentionsOf(guids));
 }
 
 void Components::removeColoringComponents()
 {
-    QList<Component *> doomed;
-    for (const QList<Component *> &group : qAsConst(_coloringComponents)) {
-        doomed.append(group);
-    }
+    Batch removed;
+    removed.takeAll(coloringSets(), this);
     _coloringComponents.clear();
-    deleteAll(doomed);
-}
-
-QList<Component *> Components::guidListToComponentList(const QStringList &guids)
-{
-    _arriving.clear();
-    for (const QString &guid : guids) {
-        _arriving.append(new Component(guid, this));
-    }
-    return std::exchange(_arriving, {});
-}
-
-void Components::deleteAll(const QList<Component *> &list)
-{
-    if (list.isEmpty()) {
-        return;
-    }
-    for (Component *component : list) {
-        _doomed.insert(component);
-    }
-    // In the order of the children: an object looks for each child that goes from the first one on.
-    const QObjectList all = children();
-    for (QObject *child : all) {
-        if (_doomed.contains(child)) {
-            delete child;
-        }
-    }
-    // What is left a host has hung elsewhere.
-    while (!_doomed.isEmpty()) {
-        delete *_doomed.constBegin();
-    }
-}
-
-void Components::forget(Component *component)
-{
-    if (_doomed.remove(component)) {
-        return;
-    }
-    _arriving.removeOne(component);
-    _selectionComponents.removeOne(component);
-    _visibilityExceptionComponents.removeOne(component);
-    for (QList<Component *> &group : _coloringComponents) {
-        group.removeOne(component);
-    }
 }
 
 void Components::childEvent(QChildEvent *event)
@@ -129,13 +161,47 @@ void Components::clear()
 {
     _viewSetupHints = ViewSetupHints();
     _defaultVisibility = true;
-    QList<Component *> doomed = std::exchange(_selectionComponents, {});
-    doomed.append(std::exchange(_visibilityExceptionComponents, {}));
-    for (const QList<Component *> &group : qAsConst(_coloringComponents)) {
-        doomed.append(group);
-    }
+    Batch removed;
+    removed.takeAll(coloringSets() << &_selectionComponents << &_visibilityExceptionComponents, this);
     _coloringComponents.clear();
-    deleteAll(doomed);
+}
+
+QVector<QList<Component *> *> Components::coloringSets()
+{
+    QVector<QList<Component *> *> sets;
+    for (QList<Component *> &group : _coloringComponents) {
+        sets.append(&group);
+    }
+    return sets;
+}
+
+void Components::replace(QList<Component *> &set, const QVector<Mention> &mentions)
+{
+    {
+        Batch removed;
+        removed.exchange(set);
+    }
+    Batch made;
+    made.make(mentions, this);
+    // What a slot of the host has put there meanwhile goes with the batch.
+    made.exchange(set);
+}
+
+void Components::replaceColor(const QString &name, const QVector<Mention> &mentions)
+{
+    Batch made;
+    made.make(mentions, this);
+    made.exchange(_coloringComponents[name]);
+}
+
+QVector<Components::Mention> Components::mentionsOf(const QStringList &guids)
+{
+    QVector<Mention> mentions;
+    mentions.reserve(guids.size());
+    for (const QString &guid : guids) {
+        mentions.append({guid, QString(), QString(), QString()});
+    }
+    return mentions;
 }
 
 } // namespace BCFLib

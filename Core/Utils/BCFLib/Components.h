@@ -8,7 +8,6 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -83,35 +82,37 @@ private:
     void read(const QDomElement &root);
     void write(QDomDocument &document, QDomElement &root) const;
 
+    /// What a list of a file or a variant says about a component.
+    struct Mention
+    {
+        QString guid;
+        QString ifcProjectId;
+        QString originatingSystem;
+        QString authoringToolId;
+    };
+    class Batch;
+
     void clear();
+    QVector<QList<Component *> *> coloringSets();
+    void replace(QList<Component *> &set, const QVector<Mention> &mentions);
+    void replaceColor(const QString &name, const QVector<Mention> &mentions);
+    static QVector<Mention> mentionsOf(const QStringList &guids);
+
     void readViewSetupHints(const QDomElement &element);
-    struct Mention;
     static QVector<Mention> readMentions(const QDomElement &list);
-    QList<Component *> makeComponents(const QVector<Mention> &mentions);
     void readColoring(const QDomElement &coloring);
     void writeViewSetupHints(QDomDocument &document, QDomElement &parent) const;
     void writeComponentList(QDomDocument &document, QDomElement &parent,
                             const QList<Component *> &list) const;
-    QList<Component *> guidListToComponentList(const QStringList &guids);
-    void addColoringComponents(const QColor &color, const QList<Component *> &list);
 
     QList<QVariant> componentListToVariant(const QList<Component *> &list) const;
-    QList<Component *> variantToComponentList(const QVariant &value);
-
-    /// A component that is destroyed leaves its set.
-    void forget(Component *component);
-    void deleteAll(const QList<Component *> &list);
+    static QVector<Mention> mentionsOf(const QVariant &list);
 
     ViewSetupHints _viewSetupHints;
     QList<Component *> _selectionComponents;
     bool _defaultVisibility = true;
     QList<Component *> _visibilityExceptionComponents;
     QMap<QString, QList<Component *>> _coloringComponents;
-    /// Components of a set that is being made; a host may delete them already. Where memory ended on the
-    /// way, they stay here, in no set.
-    QList<Component *> _arriving;
-    /// Components that are being deleted, and stand in no set any more.
-    QSet<QObject *> _doomed;
 };
 
 } // namespace BCFLib

@@ -43,14 +43,14 @@ void Components::fromQVariant(const QVariant &variant)
         _viewSetupHints.fromQVariant(visibility.value(QStringLiteral("view_setup_hints")));
     }
     _defaultVisibility = visibility.value(QStringLiteral("default_visibility"), true).toBool();
-    _visibilityExceptionComponents = variantToComponentList(visibility.value(QStringLiteral("exceptions")));
-    _selectionComponents = variantToComponentList(map.value(QStringLiteral("selection")));
+    replace(_visibilityExceptionComponents, mentionsOf(visibility.value(QStringLiteral("exceptions"))));
+    replace(_selectionComponents, mentionsOf(map.value(QStringLiteral("selection"))));
     // A map from colour to components, not the list of groups that toQVariant() gives.
     const QVariantMap coloring = map.value(QStringLiteral("coloring")).toMap();
     for (auto group = coloring.constBegin(); group != coloring.constEnd(); ++group) {
-        const QList<Component *> list = variantToComponentList(group.value());
-        if (!list.isEmpty()) {
-            _coloringComponents.insert(group.key(), list);
+        const QVector<Mention> mentions = mentionsOf(group.value());
+        if (!mentions.isEmpty()) {
+            replaceColor(group.key(), mentions);
         }
     }
 }
@@ -65,18 +65,19 @@ QList<QVariant> Components::componentListToVariant(const QList<Component *> &lis
     return forms;
 }
 
-QList<Component *> Components::variantToComponentList(const QVariant &value)
+QVector<Components::Mention> Components::mentionsOf(const QVariant &list)
 {
-    _arriving.clear();
-    for (const QVariant &form : Variants::toList(value)) {
+    QVector<Mention> mentions;
+    for (const QVariant &form : Variants::toList(list)) {
         const QVariantMap map = form.toMap();
         if (map.contains(QStringLiteral("ifc_guid"))) {
-            Component *component = new Component(map.value(QStringLiteral("ifc_guid")).toString(), this);
-            component->fromQVariant(map);
-            _arriving.append(component);
+            mentions.append({map.value(QStringLiteral("ifc_guid")).toString(),
+                             map.value(QStringLiteral("ifc_project")).toString(),
+                             map.value(QStringLiteral("originating_system")).toString(),
+                             map.value(QStringLiteral("authoring_tool_id")).toString()});
         }
     }
-    return std::exchange(_arriving, {});
+    return mentions;
 }
 
 QVariant Component::toQVariant() const

@@ -34,8 +34,8 @@ struct Mention
     QString guid;
     Tavrin::Boolean isSelected;
     Tavrin::Boolean isVisible;
-    QString color;
     QString ifcProjectId;
+    QString color;
     QString originatingSystem;
     QString authoringToolId;
     bool isSuperseded = false;
@@ -64,8 +64,8 @@ std::vector<Mention> readMentions(const QDomElement &components)
         Mention mention{Xml::attribute(element, QStringLiteral("IfcGuid")),
                         readMark(element, QStringLiteral("Selected")),
                         readMark(element, QStringLiteral("Visible")),
-                        Xml::attribute(element, QStringLiteral("Color")),
                         Xml::attribute(element, QStringLiteral("IfcProjectGuid")),
+                        Xml::attribute(element, QStringLiteral("Color")),
                         QString(),
                         QString()};
         if (!mention.guid.isEmpty()) {
@@ -112,8 +112,8 @@ void Viewpoint::readComponents(QDomElement &root)
             Component *component = addComponent(mention.guid);
             component->setSelected(mention.isSelected);
             component->setVisible(mention.isVisible);
-            component->setColor(mention.color);
             component->setIfcProjectId(mention.ifcProjectId);
+            component->setColor(mention.color);
             component->setOriginatingSystem(mention.originatingSystem);
             component->setAuthoringToolId(mention.authoringToolId);
         }
@@ -127,11 +127,16 @@ void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)
     }
     QDomElement components = Xml::appendElement(document, root, QStringLiteral("Components"));
     for (const Component *component : qAsConst(_components)) {
-        component->write(document, components);
-        QDomElement element = components.lastChildElement();
+        QDomElement element = Xml::appendElement(document, components, QStringLiteral("Component"));
+        Xml::setAttribute(element, QStringLiteral("IfcGuid"), component->guid());
         writeMark(element, QStringLiteral("Selected"), component->selected());
         writeMark(element, QStringLiteral("Visible"), component->visible());
+        Xml::setAttributeIfNotEmpty(element, QStringLiteral("IfcProjectGuid"), component->ifcProjectId());
         Xml::setAttributeIfNotEmpty(element, QStringLiteral("Color"), component->color());
+        Xml::appendTextIfNotEmpty(document, element, QStringLiteral("OriginatingSystem"),
+                                  component->originatingSystem());
+        Xml::appendTextIfNotEmpty(document, element, QStringLiteral("AuthoringToolId"),
+                                  component->authoringToolId());
         printFinished(document);
     }
 }

@@ -11,15 +11,6 @@
 
 namespace BCFLib {
 
-/// What an element of a file says about a component.
-struct Components::Mention
-{
-    QString guid;
-    QString ifcProjectId;
-    QString originatingSystem;
-    QString authoringToolId;
-};
-
 void Components::read(const QDomElement &root)
 {
     clear();
@@ -28,16 +19,15 @@ void Components::read(const QDomElement &root)
         return;
     }
     readViewSetupHints(components.firstChildElement(QStringLiteral("ViewSetupHints")));
-    _selectionComponents =
-        makeComponents(readMentions(components.firstChildElement(QStringLiteral("Selection"))));
+    replace(_selectionComponents, readMentions(components.firstChildElement(QStringLiteral("Selection"))));
     const QDomElement visibility = components.firstChildElement(QStringLiteral("Visibility"));
     const QString defaultVisibility = visibility.attribute(QStringLiteral("DefaultVisibility"));
     // A text that says neither hides nothing.
     if (Tavrin::toBoolean(defaultVisibility) != Tavrin::BooleanUnset) {
         _defaultVisibility = Tavrin::toBool(defaultVisibility);
     }
-    _visibilityExceptionComponents =
-        makeComponents(readMentions(visibility.firstChildElement(QStringLiteral("Exceptions"))));
+    replace(_visibilityExceptionComponents,
+            readMentions(visibility.firstChildElement(QStringLiteral("Exceptions"))));
     readColoring(components.firstChildElement(QStringLiteral("Coloring")));
 }
 
@@ -70,19 +60,6 @@ QVector<Components::Mention> Components::readMentions(const QDomElement &list)
     return mentions;
 }
 
-QList<Component *> Components::makeComponents(const QVector<Mention> &mentions)
-{
-    _arriving.clear();
-    for (const Mention &mention : mentions) {
-        Component *component = new Component(mention.guid, this);
-        component->_ifcProjectId = mention.ifcProjectId;
-        component->_originatingSystem = mention.originatingSystem;
-        component->_authoringToolId = mention.authoringToolId;
-        _arriving.append(component);
-    }
-    return std::exchange(_arriving, {});
-}
-
 void Components::readColoring(const QDomElement &coloring)
 {
     struct Group
@@ -112,7 +89,7 @@ void Components::readColoring(const QDomElement &coloring)
     // The last group of a colour replaces the others, which therefore are not made at all.
     for (const Group &group : groups) {
         if (!group.mentions.isEmpty()) {
-            addColoringComponents(group.color, makeComponents(group.mentions));
+            replaceColor(group.color.name(), group.mentions);
         }
     }
 }
