@@ -343,9 +343,12 @@ void Xml::Decoder::replaceUnreadable(bool isLast)
         }
         _output += all.substr(at, markup - at);
         at = markup;
+        if (at == all.size()) {
+            break;
+        }
         const std::string_view rest = all.substr(at);
         const bool mayBeMore = rest.size() == 1 || rest[1] == '!' || rest[1] == '?' || rest[1] == '#';
-        if (rest.empty() || (rest.size() < 2 * longestReference && mayBeMore && !isLast)) {
+        if (rest.size() < 2 * longestReference && mayBeMore && !isLast) {
             break;
         }
         const Reference reference(rest);
