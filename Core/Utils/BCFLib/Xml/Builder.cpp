@@ -2,6 +2,7 @@
 
 #include "Io/Limits.h"
 #include "Io/ReadBudget.h"
+#include "Text.h"
 
 #include <QString>
 #include <algorithm>
@@ -31,14 +32,13 @@ struct Callbacks
     static void comment(void *data, const char *text)
     {
         Builder *b = builder(data);
-        b->run([=] { b->addNode(b->_document->createComment(QString::fromUtf8(text))); });
+        b->run([=] { b->addNode(b->_document->createComment(fromUtf8(text))); });
     }
     static void instruction(void *data, const char *target, const char *text)
     {
         Builder *b = builder(data);
         b->run([=] {
-            b->addNode(b->_document->createProcessingInstruction(QString::fromUtf8(target),
-                                                                 QString::fromUtf8(text)));
+            b->addNode(b->_document->createProcessingInstruction(QString::fromUtf8(target), fromUtf8(text)));
         });
     }
     static void unknownEntity(void *data, const char *name, int isOfDocumentType)
@@ -184,7 +184,7 @@ void Builder::startElement(const char *name, const char **attributes)
     flushRun();
     QDomElement element = _document->createElement(_names.of(name));
     for (; *attributes != nullptr; attributes += 2) {
-        element.setAttribute(_names.of(attributes[0]), QString::fromUtf8(attributes[1]));
+        element.setAttribute(_names.of(attributes[0]), fromUtf8(attributes[1]));
     }
     append(element);
     _node = element;
@@ -225,7 +225,7 @@ void Builder::flushText()
     if (_text.empty()) {
         return;
     }
-    const QString text = QString::fromUtf8(_text.data(), static_cast<int>(_text.size()));
+    const QString text = fromUtf8(_text);
     const bool isBlank =
         !_isSolid && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
     if (!isBlank && _runDepth > 0) {
@@ -244,7 +244,7 @@ void Builder::endCData()
     if (_runDepth > 0) {
         _run.addText(_text);
     } else {
-        addNode(_document->createCDATASection(QString::fromUtf8(std::exchange(_text, {}).c_str())));
+        addNode(_document->createCDATASection(fromUtf8(std::exchange(_text, {}))));
     }
     _text.clear();
     _isSolid = false;

@@ -20,6 +20,9 @@ constexpr std::size_t longestDeclaration = 1024;
 /// The longest reference to a character that is looked at, with some zeros to spare.
 constexpr std::size_t longestReference = 32;
 
+/// What ends a CDATA section.
+constexpr std::string_view sectionEnd = "]]>";
+
 constexpr std::string_view blanks = " \t\n\r";
 
 bool startsWith(std::string_view text, std::string_view beginning)
@@ -88,8 +91,8 @@ unsigned char kindsIn(std::string_view text)
         std::array<unsigned char, 256> result{};
         for (std::size_t c = 0; c < result.size(); ++c) {
             const bool isBlank = c == '\t' || c == '\n' || c == '\r';
-            // Sections begin with "<!" or "<?", references to characters with "&#".
-            const bool isMarkup = c == '!' || c == '?' || c == '#';
+            // Sections begin with "<!" or "<?", references to characters with "&#"; "]]>" ends a section.
+            const bool isMarkup = c == '!' || c == '?' || c == '#' || c == ']';
             result[c] = c >= 0x80 ? NotAscii : c < 0x20 && !isBlank ? Control : isMarkup ? Markup : Plain;
         }
         return result;
@@ -170,7 +173,7 @@ struct Reference
 /// What ends the section that begins at a "<" and in which references mean nothing; empty if there is none.
 std::string_view sectionEndAt(std::string_view text)
 {
-    return startsWith(text, "<![CDATA[") ? "]]>"
+    return startsWith(text, "<![CDATA[") ? sectionEnd
         : startsWith(text, "<!--")       ? "-->"
         : startsWith(text, "<?")         ? "?>"
                                          : "";
@@ -338,7 +341,7 @@ void Xml::Decoder::replaceUnreadable(bool isLast)
             continue;
         }
         std::size_t markup = at;
-        while (markup < all.size() && all[markup] != '<' && all[markup] != '&') {
+        while (markup < all.size() && all[markup] != '<' && all[markup] != '&' && all[markup] != ']') {
             ++markup;
         }
         _output += all.substr(at, markup - at);
@@ -347,9 +350,16 @@ void Xml::Decoder::replaceUnreadable(bool isLast)
             break;
         }
         const std::string_view rest = all.substr(at);
-        const bool mayBeMore = rest.size() == 1 || rest[1] == '!' || rest[1] == '?' || rest[1] == '#';
+        const bool mayBeMore =
+            rest.size() == 1 || rest[1] == '!' || rest[1] == '?' || rest[1] == '#' || rest == "]]";
         if (rest.size() < 2 * longestReference && mayBeMore && !isLast) {
             break;
+        }
+        if (startsWith(rest, sectionEnd)) {
+            // Malformed, but what it means is plain.
+            _output += "]]&gt;";
+            at += sectionEnd.size();
+            continue;
         }
         const Reference reference(rest);
         if (reference.length == 0 || reference.isReadable()) {

@@ -1,6 +1,7 @@
 #include "ElementRun.h"
 
 #include "Names.h"
+#include "Text.h"
 
 #include <cstring>
 
@@ -98,10 +99,10 @@ QDomElement Xml::ElementRun::elements(const QDomNode &node)
             attribute = &names.of(at);
             break;
         case AttributeValue:
-            open.setAttribute(*attribute, QString::fromUtf8(at));
+            open.setAttribute(*attribute, fromUtf8(at));
             break;
         case Text:
-            open.appendChild(document.createTextNode(QString::fromUtf8(at)));
+            open.appendChild(document.createTextNode(fromUtf8(at)));
             break;
         case Other:
             open.appendChild(document.createComment(QString()));

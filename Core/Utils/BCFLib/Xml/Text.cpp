@@ -33,6 +33,13 @@ QString Xml::writableText(const QString &text)
     return result;
 }
 
+QString Xml::fromUtf8(std::string_view utf8)
+{
+    const QString text = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
+    const bool isCut = utf8.substr(0, 3) == "\xEF\xBB\xBF";
+    return isCut ? QChar(QChar::ByteOrderMark) + fromUtf8(utf8.substr(3)) : text;
+}
+
 QString Xml::detached(const QString &text)
 {
     return text.isEmpty() ? text : QString(text.constData(), text.size());
