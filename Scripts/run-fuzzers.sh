@@ -9,7 +9,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 seconds=${1:?Usage: Scripts/run-fuzzers.sh SECONDS [TARGET...]}
 shift
-[ $# -gt 0 ] || set -- FuzzArchive FuzzMarkup FuzzViewpoint FuzzVariant
+[ $# -gt 0 ] || set -- FuzzArchive FuzzMarkup FuzzViewpoint FuzzVariant FuzzDoor
 
 Scripts/install-packages.sh clang libclang-rt-dev
 cmake --preset fuzz
