@@ -76,8 +76,9 @@ QByteArray TestArchive::entry(const QString &path, const QString &name)
 QString TestArchive::complaints(const QString &path)
 {
     QString all;
-    for (const QStringList &call : {QStringList{"unzip", "-t", path},
-                                    QStringList{"python3", QFINDTESTDATA("../check_saved.py"), path}}) {
+    for (const QStringList &call :
+         {QStringList{"unzip", "-t", path},
+          QStringList{"python3", QStringLiteral(TESTS_FOLDER "/check_saved.py"), path}}) {
         QProcess process;
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(call.first(), call.mid(1));
