@@ -86,8 +86,7 @@ class TestLargeFiles : public QObject
 
 private slots:
     void initTestCase();
-    // These first, as what others have freed would serve in place of new memory.
-    void memoryEnds();
+    // First, as what others have freed would serve in place of new memory.
     void memoryIsThatOfTheTree_data();
     void memoryIsThatOfTheTree();
     void manyElements_data();
@@ -102,34 +101,6 @@ void TestLargeFiles::initTestCase()
 {
     // Large blocks go back to the system at once, not to the loads that are measured.
     mallopt(M_MMAP_THRESHOLD, 128 * 1024);
-}
-
-void TestLargeFiles::memoryEnds()
-{
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    QSKIP("The sanitizers end the process where memory ends");
-#endif
-    const TestArchive archive;
-    const QSharedPointer<BCFModel> model = BCFModel::Create(nullptr);
-    for (int i = 0; i < 100; ++i) {
-        Topic *topic = model->addTopic("T", "A", QDateTime(QDate(2024, 1, 1), QTime(), Qt::UTC), QString());
-        topic->addComment("c")->setComment(QString(1000 * i, 'c'));
-    }
-    const auto save = [&] { return model->serialize(archive.path("saved.bcf")) ? 0 : 1; };
-    const auto load = [&] {
-        const QSharedPointer<BCFModel> loaded = TestArchive::load(archive.path());
-        return loaded->topics().size() == 100 ? 0 : loaded->errorString().isEmpty() ? 2 : 1;
-    };
-    QSet<int> outcomes[2];
-    for (qint64 kilobytes = 64; kilobytes < 200000; kilobytes += kilobytes / 4) {
-        outcomes[0].insert(outcomeWithin(kilobytes, save));
-    }
-    QVERIFY(model->serialize(archive.path()));
-    for (qint64 kilobytes = 64; kilobytes < 200000; kilobytes += kilobytes / 4) {
-        outcomes[1].insert(outcomeWithin(kilobytes, load));
-    }
-    QCOMPARE(outcomes[0], QSet<int>({0, 1}));
-    QCOMPARE(outcomes[1], QSet<int>({0, 1}));
 }
 
 namespace {

@@ -355,7 +355,8 @@ bool Topic::addSnapshot(const QString &guid, QIODevice *device)
 
 bool Topic::storeSnapshot(Viewpoint *viewpoint, const QByteArray &bytes)
 {
-    _snapshots.insert(viewpoint->guid(), QSharedPointer<QByteArray>::create(bytes));
+    // Where memory ends, QSharedPointer::create() crashes.
+    _snapshots.insert(viewpoint->guid(), QSharedPointer<QByteArray>(new QByteArray(bytes)));
     if (_snapshots.size() == 1) {
         viewpoint->setSnapshotFilename(QStringLiteral("snapshot.png"));
     }

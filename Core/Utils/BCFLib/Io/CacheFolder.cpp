@@ -60,10 +60,13 @@ bool CacheFolder::write(const QString &memberName, const QByteArray &bytes) cons
         return false;
     }
     part.close();
+    if (part.error() != QFileDevice::NoError) {
+        return false;
+    }
     std::error_code failure;
     std::filesystem::rename(nativePath(part.fileName()), nativePath(copyPath), failure);
     part.setAutoRemove(static_cast<bool>(failure));
-    return !failure && part.error() == QFileDevice::NoError;
+    return !failure;
 }
 
 bool CacheFolder::leadsAstray(const QString &path)

@@ -23,6 +23,18 @@ EntryReader::EntryReader(QuaZip *zip)
     }
 }
 
+EntryReader::~EntryReader()
+{
+    try {
+        if (isOpen()) {
+            close();
+        }
+    } catch (const std::bad_alloc &) {
+        // QuaZipFile's own destructor would throw this. An entry that failed stays open for it.
+    }
+    setOpenMode(NotOpen);
+}
+
 bool EntryReader::open(OpenMode mode)
 {
     if (isSpent()) {

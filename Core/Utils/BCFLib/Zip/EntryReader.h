@@ -18,6 +18,7 @@ class EntryReader : public QuaZipFile, public BudgetedDevice
 {
 public:
     explicit EntryReader(QuaZip *zip);
+    ~EntryReader() override;
 
     bool open(OpenMode mode) override;
 

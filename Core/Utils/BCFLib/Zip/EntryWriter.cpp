@@ -12,6 +12,14 @@ namespace {
 constexpr int windowBits = -15;
 constexpr int memoryLevel = 8;
 
+/// An entry that whoever makes it closes, or the zip. Where memory has ended, QuaZipFile's own destructor throws.
+class WrittenEntry : public QuaZipFile
+{
+public:
+    using QuaZipFile::QuaZipFile;
+    ~WrittenEntry() override { setOpenMode(NotOpen); }
+};
+
 } // namespace
 
 bool EntryWriter::write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
@@ -21,7 +29,7 @@ bool EntryWriter::write(QuaZip *zip, const QString &name, QIODevice::OpenMode mo
     if (permissions != noPermissions) {
         info.setPermissions(permissions);
     }
-    QuaZipFile entry(zip);
+    WrittenEntry entry(zip);
     if (!entry.open(mode, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, windowBits, memoryLevel,
                     Z_DEFAULT_STRATEGY)
         || !writeTo(&entry) || !entry.isOpen()) {
