@@ -47,6 +47,9 @@ constexpr qint64 openingCost = 2048;
 /// to four times as much memory.
 constexpr qint64 nodeCost = 96;
 
+/// What an element within one of the numerous elements costs, which becomes no object of its own.
+constexpr qint64 innerNodeCost = 32;
+
 } // namespace Limits
 } // namespace BCFLib
 

@@ -149,11 +149,12 @@ void Builder::refuse()
     XML_StopParser(_parser.get(), XML_FALSE);
 }
 
-void Builder::count(qint64 nodes)
+/// @p cost is what one of the nodes takes from the budget.
+void Builder::count(qint64 nodes, qint64 cost)
 {
     _nodes += nodes;
     if (_budget != nullptr) {
-        _budget->spend(Limits::nodeCost * nodes);
+        _budget->spend(cost * nodes);
     }
     if (_nodes > Limits::xmlNodes || (_budget != nullptr && _budget->isSpent())) {
         refuse();
@@ -164,7 +165,8 @@ void Builder::startElement(const char *name, const char **attributes)
 {
     flushText();
     const int attributeCount = XML_GetSpecifiedAttributeCount(_parser.get()) / 2;
-    count(1 + attributeCount);
+    count(1, _runDepth > 0 ? Limits::innerNodeCost : Limits::nodeCost);
+    count(attributeCount, Limits::nodeCost);
     if (++_depth > Limits::xmlDepth || attributeCount > Limits::xmlAttributes) {
         refuse();
         return;
@@ -232,7 +234,7 @@ void Builder::flushText()
         _run.addText(_text);
     } else if (!isBlank) {
         flushRun();
-        count(1);
+        count(1, Limits::nodeCost);
         append(_document->createTextNode(text));
     }
     _text.clear();
@@ -254,7 +256,7 @@ void Builder::endCData()
 void Builder::addNode(const QDomNode &node)
 {
     flushText();
-    count(1);
+    count(1, Limits::nodeCost);
     if (_runDepth > 0) {
         _run.addOtherNode();
     } else {

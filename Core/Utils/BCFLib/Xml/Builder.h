@@ -43,7 +43,7 @@ private:
     template<class Work>
     void run(const Work &work);
     void refuse();
-    void count(qint64 nodes);
+    void count(qint64 nodes, qint64 cost);
     bool holdsTooManyAttributes(std::string_view text);
     bool isNumerous() const;
 
