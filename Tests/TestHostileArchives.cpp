@@ -375,6 +375,7 @@ void TestHostileArchives::texts_data()
     encoded("latin-1", "iso-8859-1", "", 1, 0);
     encoded("of a code page", "ibm850", "", 1, 0, "\x82");
     encoded("UTF-8 that says otherwise", "utf-16", "", 1, 0, "\xC3\xA9");
+    encoded("UTF-8 that says what only this computer knows", "wchar_t", "", 1, 0, "\xC3\xA9");
     encoded("UTF-8 that says nonsense", "nonsense", "", 1, 0, "\xC3\xA9");
     encoded("UTF-8 that says otherwise behind a mark", "iso-8859-1", "\xEF\xBB\xBF", 1, 0, "\xC3\xA9");
     encoded("UTF-16 that says otherwise", "UTF-8", "\xFF\xFE", 2, 0);

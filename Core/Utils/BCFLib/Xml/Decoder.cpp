@@ -75,11 +75,7 @@ QByteArray declaredEncoding(std::string_view bytes)
     }
     const std::string_view value = declaration.substr(begin + 1);
     const std::string_view name = value.substr(0, value.find(declaration[begin]));
-    const QByteArray encoding = QByteArray(name.data(), static_cast<int>(name.size())).toUpper();
-    // Bytes of these would not begin with a readable declaration.
-    const bool isWide = encoding.startsWith("UTF-16") || encoding.startsWith("UTF-32")
-        || encoding.startsWith("UCS") || encoding.startsWith("ISO-10646");
-    return isWide ? QByteArray() : encoding;
+    return QByteArray(name.data(), static_cast<int>(name.size())).toUpper();
 }
 
 /// What has to be looked at more closely.
@@ -225,7 +221,7 @@ void Xml::Decoder::begin()
     const QByteArray encoding = form != nullptr ? QByteArray(form) : declaredEncoding(_bytes);
     if (!encoding.isEmpty() && encoding != "UTF-8") {
         openConverter(encoding.constData());
-        _isUtf8 = _converter == nullptr;
+        _isUtf8 = _converter == nullptr || (form == nullptr && !extendsAscii());
     }
     appendUtf8({}, false);
     skipDeclaration();
@@ -259,8 +255,42 @@ void Xml::Decoder::openConverter(const char *encoding)
     }
 }
 
-/// Appends text, with the characters replaced that are none in XML.
-void Xml::Decoder::appendText(std::string_view text)
+/// Whether a declaration can be in the encoding, which the name of a wide one can't say.
+bool Xml::Decoder::extendsAscii() const
+{
+    std::string ascii = "<?xml";
+    std::array<char, 8> text;
+    char *in = ascii.data();
+    char *out = text.data();
+    std::size_t left = ascii.size();
+    std::size_t room = text.size();
+    iconv(_converter, &in, &left, &out, &room);
+    iconv(_converter, nullptr, nullptr, nullptr, nullptr);
+    return std::string_view(text.data(), text.size() - room) == ascii;
+}
+
+/// Appends UTF-8, with what is no text of XML replaced, and gives the number of bytes that were used: fewer
+/// only if more may come and the last could be the beginning of a character.
+std::size_t Xml::Decoder::appendText(std::string_view utf8, bool isLast)
+{
+    std::size_t done = 0;
+    for (;;) {
+        const std::string_view rest = utf8.substr(done);
+        const std::size_t length = lengthOfUtf8(rest);
+        appendWithoutControls(rest.substr(0, length));
+        done += length;
+        if (done == utf8.size() || (utf8.size() - done < 4 && !isLast)) {
+            return done;
+        }
+        _text += replacement;
+        // Of a character that is whole but no text, all of it.
+        const std::string_view bad = rest.substr(length);
+        const bool isNoText = startsWith(bad, "\xEF\xBF\xBE") || startsWith(bad, "\xEF\xBF\xBF");
+        done += isNoText ? 3 : 1;
+    }
+}
+
+void Xml::Decoder::appendWithoutControls(std::string_view text)
 {
     if ((kindsIn(text) & Control) == 0) {
         _text += text;
@@ -276,23 +306,7 @@ void Xml::Decoder::appendText(std::string_view text)
 void Xml::Decoder::appendUtf8(std::string_view bytes, bool isLast)
 {
     _bytes += bytes;
-    std::size_t done = 0;
-    if (_isUtf8) {
-        for (;;) {
-            const std::string_view rest = std::string_view(_bytes).substr(done);
-            const std::size_t length = lengthOfUtf8(rest);
-            appendText(rest.substr(0, length));
-            done += length;
-            if (done == _bytes.size() || (_bytes.size() - done < 4 && !isLast)) {
-                break;
-            }
-            _text += replacement;
-            // Of a character that is whole but no text, all of it.
-            const std::string_view bad = rest.substr(length);
-            const bool isNoText = startsWith(bad, "\xEF\xBF\xBE") || startsWith(bad, "\xEF\xBF\xBF");
-            done += isNoText ? 3 : 1;
-        }
-    }
+    std::size_t done = _isUtf8 ? appendText(_bytes, isLast) : 0;
     while (!_isUtf8 && done < _bytes.size()) {
         std::array<char, 4096> piece;
         char *in = &_bytes[done];
@@ -301,13 +315,8 @@ void Xml::Decoder::appendUtf8(std::string_view bytes, bool isLast)
         std::size_t room = piece.size();
         const std::size_t result = iconv(_converter, &in, &left, &out, &room);
         const int error = result == static_cast<std::size_t>(-1) ? errno : 0;
-        // U+FFFE and U+FFFF are no text, but go through a converter.
-        std::string_view text(piece.data(), piece.size() - room);
-        for (std::size_t at = 0; (at = lengthOfUtf8(text)) < text.size(); text.remove_prefix(at + 3)) {
-            appendText(text.substr(0, at));
-            _text += replacement;
-        }
-        appendText(text);
+        // Some converters let numbers through that are no characters.
+        appendText({piece.data(), piece.size() - room}, true);
         done = _bytes.size() - left;
         if (error == EINVAL && !isLast) {
             break;

@@ -30,7 +30,9 @@ private:
     bool isPlain(std::string_view bytes) const;
     void skipDeclaration();
     void openConverter(const char *encoding);
-    void appendText(std::string_view text);
+    bool extendsAscii() const;
+    std::size_t appendText(std::string_view utf8, bool isLast);
+    void appendWithoutControls(std::string_view text);
     void appendUtf8(std::string_view bytes, bool isLast);
     void replaceUnreadable(bool isLast);
 
