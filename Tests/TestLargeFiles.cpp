@@ -1,6 +1,7 @@
 #include "TestArchive.h"
 
 #include <BCF_2_0_Viewpoint.h>
+#include <Bitmap.h>
 #include <Comment.h>
 #include <Components.h>
 #include <Topic.h>
@@ -89,6 +90,8 @@ private slots:
     // First, as what others have freed would serve in place of new memory.
     void memoryIsThatOfTheTree_data();
     void memoryIsThatOfTheTree();
+    void savesTakeLittleMemory();
+    void savesThatNobodyCouldRead();
     void manyElements_data();
     void manyElements();
     void longListsAreSavedAsShortOnesAre_data();
@@ -209,6 +212,53 @@ void TestLargeFiles::manyElements()
     QCOMPARE(tellAll(malformed.load().data(), className, properties), QStringList());
 }
 
+namespace {
+
+/// A model with so many of each kind that stands in lists.
+QSharedPointer<BCFModel> modelWith(const QString &version, int count)
+{
+    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+    Topic *topic = model->addTopic("T", "A", QDateTime(QDate(2024, 1, 1), QTime()), "t");
+    BCFLib::Viewpoint *viewpoint = topic->addViewpoint("v");
+    auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint);
+    QStringList guids;
+    for (int i = 0; i < count; ++i) {
+        guids.append(QString::number(10000 + i) + "<&");
+        topic->addComment(guids.last())->setComment("c");
+        viewpoint->addLine();
+        viewpoint->addClippingPlane();
+        viewpoint->addBitmap()->setReference("r");
+        if (list != nullptr) {
+            list->addComponent(guids.last())->setOriginatingSystem("s");
+        }
+    }
+    viewpoint->BCFLib::Viewpoint::components()->setSelectionComponents(guids);
+    return model;
+}
+
+} // namespace
+
+void TestLargeFiles::savesTakeLittleMemory()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizers take memory of their own");
+#endif
+    constexpr int count = 10000;
+    const TestArchive archive;
+    const QSharedPointer<BCFModel> model = modelWith("2.0", count);
+    const auto save = [&] { return model->serialize(archive.path()) ? 0 : 1; };
+    QCOMPARE(outcomeWithin(1024 + 5 * count * 200 / 1024, save), 0);
+}
+
+void TestLargeFiles::savesThatNobodyCouldRead()
+{
+    const TestArchive archive;
+    const QSharedPointer<BCFModel> model = modelWith("2.1", 1);
+    // In a file each of these takes six bytes.
+    model->topics().first()->setTopicType(QString(256 * 1024 * 1024 / 6, '"'));
+    QVERIFY(!model->serialize(archive.path()));
+}
+
 void TestLargeFiles::longListsAreSavedAsShortOnesAre_data()
 {
     QTest::addColumn<QString>("version");
@@ -223,22 +273,9 @@ void TestLargeFiles::longListsAreSavedAsShortOnesAre()
 
     const auto save = [&version](int count) {
         const TestArchive archive;
-        const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
-        BCFLib::Viewpoint *viewpoint =
-            model->addTopic("T", "A", QDateTime(QDate(2024, 1, 1), QTime()), "t")->addViewpoint("v");
-        QStringList guids;
-        for (int i = 0; i < count; ++i) {
-            guids.append(QString::number(10000 + i) + "<&");
-            viewpoint->addLine();
-        }
-        if (auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
-            for (const QString &guid : qAsConst(guids)) {
-                list->addComponent(guid)->setOriginatingSystem("s");
-            }
-        }
-        viewpoint->BCFLib::Viewpoint::components()->setSelectionComponents(guids);
-        model->serialize(archive.path());
-        return TestArchive::entry(archive.path(), "t/viewpoint.bcfv");
+        modelWith(version, count)->serialize(archive.path());
+        return TestArchive::entry(archive.path(), "t/markup.bcf")
+            + TestArchive::entry(archive.path(), "t/viewpoint.bcfv");
     };
     const auto lines = [](const QByteArray &file) {
         const QStringList all = QString(file).replace(QRegularExpression("\\d{5}&lt;"), "#").split('\n');
@@ -246,9 +283,10 @@ void TestLargeFiles::longListsAreSavedAsShortOnesAre()
     };
     const QByteArray file = save(1500);
     QCOMPARE(lines(file), lines(save(3)));
-    QCOMPARE(file.count("<Line>"), 1500);
-    QCOMPARE(file.count("<Component "), 1500);
-    QVERIFY(file.indexOf("10201&lt;") < file.indexOf("11499&lt;"));
+    for (const char *tag : {"<Comment Guid", "<Line>", "<ClippingPlane>", "<Bitmaps>", "<Component "}) {
+        QCOMPARE(file.count(tag), 1500);
+    }
+    QVERIFY(file.lastIndexOf("10201&lt;") < file.lastIndexOf("11499&lt;"));
 }
 
 namespace {
