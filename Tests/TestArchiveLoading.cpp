@@ -1,14 +1,5 @@
 #include "TestArchive.h"
 
-#include <BCF_2_0_Viewpoint.h>
-#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
-#include <Topic.h>
-#include <Version.h>
-
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
-#include <QTest>
 #include <quazip/quazip.h>
 #include <quazip/quazipdir.h>
 #include <quazip/quazipfile.h>

@@ -1,24 +1,5 @@
 #include "TestArchive.h"
 
-#include <BCFLoadingWorker.h>
-#include <BCF_2_0_Comment.h>
-#include <BCF_2_0_Viewpoint.h>
-#include <BimSnippet.h>
-#include <ClippingPlane.h>
-#include <Components.h>
-#include <DocumentReference.h>
-#include <File.h>
-#include <Line.h>
-#include <Project.h>
-#include <RelatedTopic.h>
-#include <Topic.h>
-#include <Version.h>
-
-#include <QBuffer>
-#include <QColor>
-#include <QMetaProperty>
-#include <QPointer>
-#include <QTest>
 #include <functional>
 #include <limits>
 

@@ -1,18 +1,6 @@
 #include "TestArchive.h"
 
-#include <BCF_2_0_Viewpoint.h>
-#include <Comment.h>
-#include <Components.h>
-#include <File.h>
-#include <Topic.h>
-
-#include <QDir>
 #include <QDomDocument>
-#include <QFileInfo>
-#include <QMetaProperty>
-#include <QRegularExpression>
-#include <QSet>
-#include <QTest>
 
 #include <algorithm>
 

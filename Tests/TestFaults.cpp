@@ -1,18 +1,5 @@
 #include "TestArchive.h"
 
-#include <Bitmap.h>
-#include <Comment.h>
-#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
-#include <File.h>
-#include <Line.h>
-#include <Project.h>
-#include <Topic.h>
-#include <Viewpoint.h>
-
-#include <QFile>
-#include <QFileInfo>
-#include <QSet>
-#include <QTest>
 #include <cerrno>
 #include <cstdio>
 #include <dlfcn.h>

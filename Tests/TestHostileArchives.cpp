@@ -1,15 +1,7 @@
 #include "TestArchive.h"
 
-#include <Line.h>
-#include <Topic.h>
-#include <Version.h>
-#include <Viewpoint.h>
-
-#include <QBuffer>
 #include <QDirIterator>
 #include <QRandomGenerator>
-#include <QStandardPaths>
-#include <QTest>
 #include <QThread>
 #include <dlfcn.h>
 #include <functional>

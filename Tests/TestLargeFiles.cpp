@@ -1,17 +1,6 @@
 #include "TestArchive.h"
 
-#include <BCF_2_0_Viewpoint.h>
-#include <Bitmap.h>
-#include <Comment.h>
-#include <Components.h>
-#include <Topic.h>
-
-#include <QBuffer>
 #include <QDomDocument>
-#include <QFile>
-#include <QRegularExpression>
-#include <QSet>
-#include <QTest>
 #include <functional>
 #include <malloc.h>
 #include <new>

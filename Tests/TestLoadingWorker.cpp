@@ -1,10 +1,6 @@
 #include "TestArchive.h"
 
-#include <BCFLoadingWorker.h>
-#include <Topic.h>
-
 #include <QScopedPointer>
-#include <QTest>
 #include <QThread>
 #include <atomic>
 

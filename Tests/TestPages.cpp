@@ -2,20 +2,6 @@
 
 #include "TestArchive.h"
 
-#include <Core/Utils/BCFLib/BCFModel.h>
-#include <Core/Utils/BCFLib/BCF_2_0_Component.h>
-#include <Core/Utils/BCFLib/BCF_2_0_Viewpoint.h>
-#include <Core/Utils/BCFLib/Bitmap.h>
-#include <Core/Utils/BCFLib/Comment.h>
-#include <Core/Utils/BCFLib/Components.h>
-#include <Core/Utils/BCFLib/DocumentReference.h>
-#include <Core/Utils/BCFLib/File.h>
-#include <Core/Utils/BCFLib/Topic.h>
-#include <Core/Utils/BCFLib/Version.h>
-
-#include <QTemporaryDir>
-#include <QtTest>
-
 #include <functional>
 
 using Model = QSharedPointer<BCFLib::BCFModel>;

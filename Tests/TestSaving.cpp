@@ -1,26 +1,8 @@
 #include "TestArchive.h"
 
-#include <BCF_2_0_Viewpoint.h>
-#include <BimSnippet.h>
-#include <Bitmap.h>
-#include <Comment.h>
-#include <Components.h>
-#include <File.h>
-#include <Line.h>
-#include <Project.h>
-#include <RelatedTopic.h>
-#include <Topic.h>
-#include <Version.h>
-#include <Viewpoint.h>
-
-#include <QColor>
-#include <QDir>
 #include <QDomDocument>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QRandomGenerator>
-#include <QRegularExpression>
-#include <QTest>
 #include <QXmlStreamReader>
 #include <osg/Vec3d>
 #include <quazip/quazip.h>
@@ -53,15 +35,6 @@ QString tags(const QByteArray &xml)
     return result.simplified() + reader.errorString();
 }
 
-/// Spells "<P 0 1 -1/>" out as an element of that name with three coordinates of 16 digits.
-QByteArray withPoints(const QByteArray &xml)
-{
-    const QRegularExpression shortPoint("<(\\w+) (-?[01]) (-?[01]) (-?[01])/>");
-    const QString digits = ".0000000000000000e+00";
-    const QString point = "<\\1><X>\\2%1</X><Y>\\3%1</Y><Z>\\4%1</Z></\\1>";
-    return QString::fromUtf8(xml).replace(shortPoint, point.arg(digits)).toUtf8();
-}
-
 /// Two topics, the first with two viewpoints and their images, and a file that both topics share.
 ModelPointer makeModel(const TestArchive &folder)
 {
@@ -88,6 +61,8 @@ ModelPointer makeModel(const TestArchive &folder)
 
 } // namespace
 
+Q_DECLARE_METATYPE(QDir)
+
 class TestSaving : public QObject
 {
     Q_OBJECT
@@ -105,127 +80,29 @@ private slots:
 
 void TestSaving::xml_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("written");
-    QTest::addColumn<QByteArray>("read");
+    QTest::addColumn<QDir>("folder");
 
-    // Where nothing else is read, it is what is written.
-    const QByteArray same;
-    QTest::newRow("a markup") << "2.1" << QByteArray(R"(<Markup>
-        <Header><File IfcProject="i" IfcSpatialStructureElement="h" isExternal="true"><Filename>../a/b.ifc</Filename>
-            <Date>2019-12-31T22:00:00Z</Date><Reference>j</Reference></File><File isExternal="false"/></Header>
-        <Topic Guid="t" TopicStatus="s" TopicType="y"><Title>x</Title><ReferenceLink>w</ReferenceLink>
-            <Description>v</Description><Priority>u</Priority><Index>0</Index><CreationAuthor>q</CreationAuthor>
-            <CreationDate>2020-05-31T23:59:59Z</CreationDate><ModifiedAuthor>p</ModifiedAuthor>
-            <ModifiedDate>2020-06-01T14:30:00Z</ModifiedDate><Labels>o</Labels><Labels/><Labels>o</Labels>
-            <AssignedTo>n</AssignedTo><BimSnippet SnippetType="k" isExternal="true"><Reference>m</Reference>
-            <ReferenceSchema>l</ReferenceSchema></BimSnippet><DocumentReference Guid="g" isExternal="true">
-            <ReferencedDocument>f</ReferencedDocument><Description>e</Description></DocumentReference>
-            <DocumentReference isExternal="false"/><RelatedTopics Guid="r"/></Topic>
-        <Comment Guid="c"><Date>2020-01-01T00:00:00Z</Date><Author>C</Author><Comment>text</Comment><Topic Guid="t"/>
-            <Viewpoint Guid="v2"/><ReplyToComment Guid="d"/><ModifiedDate>2020-01-02T03:04:05Z</ModifiedDate>
-            <ModifiedAuthor>D</ModifiedAuthor></Comment>
-        <Comment Guid="d"><Date/><Author/><Comment/><Topic Guid="t"/></Comment>
-        <Viewpoints Guid="v2"/><Viewpoints Guid="v1"><Viewpoint>1.bcfv</Viewpoint></Viewpoints></Markup>)")
-                              << same;
-    QTest::newRow("a version file") << "2.1"
-                                    << QByteArray("<Version VersionId='2.0'><DetailedVersion>zwölf"
-                                                  "</DetailedVersion></Version>")
-                                    << same;
-    QTest::newRow("other versions are saved as 2.0")
-        << "2.1"
-        << QByteArray("<Version VersionId='2.0'><DetailedVersion>"
-                      "2.0 RC</DetailedVersion></Version>")
-        << QByteArray("<Version VersionId='1.0'/>");
-    QTest::newRow("no version is saved after a failed load")
-        << "2.1" << QByteArray() << QByteArray("<Version>");
-    const QByteArray bare = "<Topic Guid='t'><Title/><CreationAuthor/><CreationDate/></Topic>";
-    QTest::newRow("a comment with a status")
-        << "2.0"
-        << QByteArray("<Markup>" + bare
-                      + "<Comment Guid='c'><Date/><Author/><Comment/><Topic Guid='t'/>"
-                        "<ModifiedAuthor>m</ModifiedAuthor><VerbalStatus>b</VerbalStatus><Status>a</Status></"
-                        "Comment></Markup>")
-        << same;
-    QTest::newRow("dates are in whole seconds of UTC, flags are words, bad numbers and dead links are gone")
-        << "2.1"
-        << QByteArray(
-               R"(<Markup><Header><File isExternal="true"><Date>2020-01-01T05:30:00Z</Date></File></Header>
-        <Topic Guid="t"><Title/><Index>0</Index><CreationAuthor/><CreationDate>2020-01-01T01:00:00Z</CreationDate>
-        <BimSnippet SnippetType="" isExternal="false"><Reference/></BimSnippet></Topic>
-        <Comment Guid="c"><Date/><Author/><Comment/><Topic Guid="t"/></Comment></Markup>)")
-        << QByteArray(R"(<Any x="1"><Topic Guid="t"><Index>x</Index><BimSnippet isExternal="1"/><Stage/>
-        <CreationDate>2020-01-01T03:00:00.999+02:00</CreationDate></Topic><Comment Guid="c"><Viewpoint Guid="v"/>
-        <ReplyToComment Guid="d"/><Status>a</Status></Comment><Comment Guid="d"><Topic Guid="u"/></Comment>
-        <Header><File isExternal="False"><Date>2020-01-01T00:00:00-05:30</Date></File></Header></Any>)");
-    QTest::newRow("an empty viewpoint in sets form")
-        << "2.1"
-        << QByteArray("<VisualizationInfo><Components><Visibility DefaultVisibility='true'/></Components>"
-                      "</VisualizationInfo>")
-        << QByteArray("<VisualizationInfo Guid='v'/>");
-    const QByteArray info = R"(
-        <PerspectiveCamera><CameraViewPoint 1 0 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/>
-            <FieldOfView>6.0000000000000000e+01</FieldOfView></PerspectiveCamera>
-        <OrthogonalCamera><CameraViewPoint 0 1 0/><CameraDirection 0 0 -1/><CameraUpVector 0 1 0/>
-            <ViewToWorldScale>1.0000000000000001e-01</ViewToWorldScale></OrthogonalCamera>
-        <Lines><Line><StartPoint 0 0 0/><EndPoint 1 1 1/></Line><Line><StartPoint 1 0 0/><EndPoint 0 1 1/></Line></Lines>
-        <ClippingPlanes><ClippingPlane><Location 1 1 0/><Direction 0 -1 0/></ClippingPlane></ClippingPlanes>
-        <Bitmaps><Bitmap>JPG</Bitmap><Reference>r.jpg</Reference><Location 1 1 1/><Normal 0 0 1/><Up 0 1 0/>
-            <Height>-2.5000000000000000e+00</Height></Bitmaps>
-        <Bitmaps><Bitmap>PNG</Bitmap><Reference>r.png</Reference><Location 1 0 1/><Normal 0 0 1/><Up 0 1 0/>
-            <Height>1.0000000000000001e-01</Height></Bitmaps></VisualizationInfo>)";
-    QTest::newRow("a viewpoint in sets form") << "2.1" << withPoints(R"(<VisualizationInfo><Components>
-        <ViewSetupHints OpeningsVisible="0" SpacesVisible="1"/><Selection><Component IfcGuid="b"/><Component IfcGuid="a"
-            IfcProjectGuid="j"><OriginatingSystem>g</OriginatingSystem><AuthoringToolId>h</AuthoringToolId></Component>
-            </Selection><Visibility DefaultVisibility="false"><Exceptions><Component IfcGuid="a"/></Exceptions>
-        </Visibility><Coloring><Color Color="0000ff"><Component IfcGuid="f"/></Color><Color Color="00ff00"><Component
-            IfcGuid="e"/></Color></Coloring></Components>)" + info)
-                                              << same;
-    const QByteArray listInfo = R"(<VisualizationInfo><Components><Component Color="FFff0000" IfcGuid="B"/>
-        <Component IfcGuid="a" IfcProjectGuid="j" Selected="true" Visible="true"><OriginatingSystem>g</OriginatingSystem>
-            <AuthoringToolId>h</AuthoringToolId></Component>
-        <Component Color="#FF0000" IfcGuid="b" Selected="false"/></Components>)";
-    QTest::newRow("a viewpoint in list form") << "2.0" << withPoints(listInfo + info) << same;
-    QTest::newRow("the list form comes out sorted, the last of one guid alone")
-        << "2.0"
-        << QByteArray("<VisualizationInfo><Components><Component IfcGuid='B' Selected='false'/><Component "
-                      "IfcGuid='b'/>"
-                      "</Components></VisualizationInfo>")
-        << QByteArray("<VisualizationInfo><Components><Component IfcGuid='b'/>"
-                      "<Component IfcGuid='B' Visible='true'/><Component IfcGuid='B' "
-                      "Selected='1'/></Components></VisualizationInfo>");
-    QTest::newRow("half a camera, one of scale 0 and an empty list form leave nothing")
-        << "2.0" << QByteArray("<VisualizationInfo/>")
-        << withPoints("<VisualizationInfo><PerspectiveCamera><CameraViewPoint 0 0 0/></PerspectiveCamera>"
-                      "<OrthogonalCamera><CameraViewPoint 0 1 0/><CameraDirection 0 0 -1/><CameraUpVector 0 "
-                      "1 0/><ViewToWorldScale>0"
-                      "</ViewToWorldScale></OrthogonalCamera><Components><Component/></Components></"
-                      "VisualizationInfo>");
-    QTest::newRow("colours are sorted, in lower case and without alpha, hints and marks are normal")
-        << "2.1"
-        << QByteArray("<VisualizationInfo><Components><ViewSetupHints SpacesVisible='1'/><Visibility "
-                      "DefaultVisibility="
-                      "'true'/><Coloring><Color Color='0000ff'><Component IfcGuid='f'/></Color><Color "
-                      "Color='00ff00'><Component "
-                      "IfcGuid='e'/></Color></Coloring></Components></VisualizationInfo>")
-        << QByteArray("<VisualizationInfo><Components><Coloring><Color Color='#FF00FF00'><Component "
-                      "IfcGuid='e'/></Color>"
-                      "<Color Color='0000FF'><Component IfcGuid='f'/></Color><Color "
-                      "Color='111111'/></Coloring><ViewSetupHints "
-                      "SpacesVisible='true'/></Components></VisualizationInfo>");
+    for (const char *version : {"2.0", "2.1"}) {
+        const QDir folder(QStringLiteral(TESTS_FOLDER "/Saving/") + version);
+        for (const QString &name : folder.entryList({"*.xml"}).filter(QRegularExpression("^[^.]*\\.xml$"))) {
+            QTest::newRow(qPrintable(name.chopped(4))) << folder;
+        }
+    }
 }
 
+/// A file comes out like this, of the one beside it if that was read, else of itself.
 void TestSaving::xml()
 {
-    QFETCH(QString, version);
-    QFETCH(QByteArray, written);
-    QFETCH(QByteArray, read);
+    QFETCH(QDir, folder);
 
-    const QByteArray file = read.isEmpty() ? written : read;
+    const QString name = QTest::currentDataTag();
+    const QByteArray written = TestArchive::file(folder.filePath(name + ".xml"));
+    const QString other = folder.filePath(name + ".read.xml");
+    const QByteArray file = QFile::exists(other) ? TestArchive::file(other) : written;
     const bool isViewpoint = file.startsWith("<Vis");
     const bool isVersion = file.startsWith("<Ver");
     const QString entry = isVersion ? "bcf.version" : isViewpoint ? "t/v.bcfv" : "t/markup.bcf";
-    TestArchive archive(isVersion ? QString() : version);
+    TestArchive archive(isVersion ? QString() : folder.dirName());
     if (isViewpoint) {
         archive.addTopic("", "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>");
     }

@@ -1,15 +1,5 @@
 #include "TestArchive.h"
 
-#include <BCF_2_0_Viewpoint.h>
-#include <BimSnippet.h>
-#include <Comment.h>
-#include <Components.h>
-#include <Line.h>
-#include <Project.h>
-#include <Topic.h>
-#include <Version.h>
-
-#include <QTest>
 #include <log4cplus/appender.h>
 #include <log4cplus/spi/loggingevent.h>
 

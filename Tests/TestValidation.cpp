@@ -1,10 +1,5 @@
 #include "TestArchive.h"
 
-#include <Topic.h>
-#include <Version.h>
-#include <Viewpoint.h>
-
-#include <QTest>
 #include <QTranslator>
 
 using M = BCFLib::BCFModel *;

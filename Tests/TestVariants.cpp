@@ -1,17 +1,6 @@
 #include "TestArchive.h"
 
-#include <BCF_2_0_Comment.h>
-#include <BCF_2_0_Viewpoint.h>
-#include <Bitmap.h>
-#include <Comment.h>
-#include <Components.h>
-#include <Project.h>
-#include <Topic.h>
-
-#include <QColor>
 #include <QJsonDocument>
-#include <QPointer>
-#include <QTest>
 
 #include <algorithm>
 #include <limits>
@@ -109,85 +98,16 @@ private slots:
 
 void TestVariants::topics_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("given");
-    QTest::addColumn<QByteArray>("rebuilt");
-
-    // What stands behind the guid, and what in the rebuilt form stands behind the keys that are always there.
-    const auto row = [](const char *name, QByteArray given, QByteArray rebuilt, const char *version = "2.1") {
-        rebuilt.replace("$comment", "'date':'','author':'','comment':'','topic_guid':'t'");
-        rebuilt.replace("$png", "'snapshot':{'snapshot_type':'png','snapshot_data':'image'},'components':{}");
-        rebuilt.replace("$zero", "{'x':0,'y':0,'z':0}");
-        const QByteArray start = "{'guid':'t','title':'','creation_author':'','creation_date':''";
-        QTest::newRow(name) << version << "{'guid':'t'" + given + '}' << start + rebuilt + '}';
-    };
-    row("a guid alone", "", "");
-    const QByteArray fields =
-        R"(, 'topic_type':'a', 'topic_status':'b', 'reference_link':'c', 'priority':'d', 'index':0,
-        'labels':['e','','e'], 'modified_date':'2024-03-14T09:00:00+05:30', 'modified_author':'f', 'assigned_to':'g',
-        'description':'h', 'related_topics':['n','m'],
-        'bim_snippet':{'snippet_type':'', 'is_external':true, 'reference':'', 'reference_schema':''},
-        'files':[{'ifc_project':'i', 'ifc_spatial_structure_element':'j', 'is_external':false, 'file_name':'k',
-                  'date':'2024-03-14T09:00:00Z', 'reference':'l'}])";
-    row("all plain fields", fields, fields);
-    row("missing flags: a file is external, others are not",
-        R"(, 'files':[{}], 'document_references':[{}], 'bim_snippet':{})",
-        R"(, 'files':[{'is_external':true}], 'document_references':[{'guid':'', 'is_external':false}],
-        'bim_snippet':{'snippet_type':'', 'is_external':false, 'reference':'', 'reference_schema':''})");
-    row("a document reference loses its guid", R"(, 'document_references':[{'guid':'d', 'description':'e'}])",
-        R"(, 'document_references':[{'guid':'', 'description':'e', 'is_external':false}])");
-    row("wrong types, negative indexes and empty lists are nothing",
-        R"(, 'index':-7, 'files':'x', 'comments':[], 'labels':{}, 'modified_date':'soon', 'viewpoints':{})",
-        "");
-    row("a reply is found only behind what it answers, a link only to what is there",
-        R"(, 'viewpoints':[{'guid':'v'}], 'comments':[{'guid':'a', 'reply_to_comment_guid':'b'},
-            {'guid':'b', 'topic_guid':'u', 'viewpoint_guid':'v'},
-            {'viewpoint_guid':'w', 'reply_to_comment_guid':'a', 'status':'x'}])",
-        R"(, 'viewpoints':[{'guid':'v', 'viewpoint_file':'viewpoint.bcfv', 'snapshot_file':'', 'components':{}}],
-        'comments':[{'guid':'a', $comment}, {'guid':'b', 'viewpoint_guid':'v', $comment},
-                    {'guid':'', 'reply_to_comment_guid':'a', $comment}])");
-    row("a status is written when empty, a verbal one is not",
-        R"(, 'comments':[{}, {'verbal_status':'v', 'status':'s'}])",
-        R"(, 'comments':[{'guid':'', 'status':'', $comment},
-                        {'guid':'', 'verbal_status':'v', 'status':'s', $comment}])",
-        "2.0");
-    row("file names come with an image only, those of a position without names; a data URL is the image",
-        R"(, 'viewpoints':[{'guid':'a', 'viewpoint_file':'x', 'snapshot_file':'y'}, {'guid':'b', 'viewpoint_file':'x'},
-            {'guid':'c', 'snapshot':{'snapshot_data':'data:image/png;base64,aW1hZ2U='}},
-            {'guid':'d', 'viewpoint_file':'x', 'snapshot_file':'y', 'snapshot':{'snapshot_data':'image'}},
-            {'guid':'e', 'viewpoint_file':'x', 'snapshot':{'snapshot_data':'image'}},
-            {'guid':'f', 'viewpoint_file':'x', 'snapshot':{'snapshot_data':'', 'snapshot_type':'png'}},
-            {'guid':'', 'snapshot':{'snapshot_data':'image'}}])",
-        R"(, 'viewpoints':[{'guid':'a', 'viewpoint_file':'viewpoint.bcfv', 'snapshot_file':'', 'components':{}},
-            {'guid':'b', 'components':{}},
-            {'guid':'c', 'viewpoint_file':'viewpoint2.bcfv', 'snapshot_file':'snapshot2.png', $png},
-            {'guid':'d', 'viewpoint_file':'x', 'snapshot_file':'y', $png},
-            {'guid':'e', 'viewpoint_file':'x', 'snapshot_file':'', $png}, {'guid':'f', 'components':{}},
-            {'guid':'', 'viewpoint_file':'viewpoint6.bcfv', 'snapshot_file':'snapshot6.png', 'components':{}}])");
-    row("a data URL in other spelling is its own text",
-        R"(, 'viewpoints':[{'guid':'v', 'snapshot':{'snapshot_data':'DATA:image/png;base64,aW1hZ2U='}}])",
-        R"(, 'viewpoints':[{'guid':'v', 'viewpoint_file':'viewpoint.bcfv', 'snapshot_file':'snapshot.png',
-            'snapshot':{'snapshot_type':'png', 'snapshot_data':'DATA:image/png;base64,aW1hZ2U='}, 'components':{}}])");
-    row("missing points and numbers are 0, so only the perspective camera counts",
-        R"(, 'viewpoints':[{'guid':'v', 'orthogonal_camera':{}, 'perspective_camera':{}, 'clipping_planes':[{}],
-            'lines':[{'start_point':{'x':1}}], 'bitmaps':[{'bitmap_type':7, 'reference':'r'}]}])",
-        R"(, 'viewpoints':[{'guid':'v', 'viewpoint_file':'viewpoint.bcfv', 'snapshot_file':'', 'components':{},
-            'perspective_camera':{'camera_view_point':$zero, 'camera_direction':$zero, 'camera_up_vector':$zero,
-                                  'field_of_view':0},
-            'lines':[{'start_point':{'x':1, 'y':0, 'z':0}, 'end_point':$zero}],
-            'clipping_planes':[{'location':$zero, 'direction':$zero}],
-            'bitmaps':[{'bitmap_type':7, 'location':$zero, 'normal':$zero, 'up':$zero, 'height':0}]}])");
+    addRows("Variants/topics.json");
 }
 
 void TestVariants::topics()
 {
-    QFETCH(QString, version);
-    QFETCH(QByteArray, given);
-    QFETCH(QByteArray, rebuilt);
+    QFETCH(QVariantMap, row);
 
-    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
-    const Topic *topic = new Topic(form(given), model.data());
-    QCOMPARE(jsonOf(topic->toQVariant()), jsonOf(form(rebuilt)));
+    const QSharedPointer<BCFModel> model = BCFModel::Create(row["version"].toString(), nullptr);
+    const Topic *topic = new Topic(row["given"], model.data());
+    QCOMPARE(jsonOf(topic->toQVariant()), jsonOf(row["rebuilt"]));
     QCOMPARE(model->topics().size(), 1);
 }
 
@@ -231,47 +151,22 @@ void TestVariants::folding()
 
 void TestVariants::references_data()
 {
-    QTest::addColumn<QByteArray>("given");
-    QTest::addColumn<QByteArray>("ofSets");
-    QTest::addColumn<QString>("ofList");
-
-    QTest::newRow("nothing replaces the sets and adds nothing to the list")
-        << QByteArray("{}") << QByteArray("{}") << "o+";
-    QTest::newRow("exceptions without a default: to true in the sets, to false in the list")
-        << QByteArray("{'visibility':{'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
-        << QByteArray(
-               "{'visibility':{'default_visibility':true,'exceptions':[{'ifc_guid':'b'},{'ifc_guid':'a'}]}}")
-        << "a+ b+ o+";
-    QTest::newRow("only the sets take an empty guid")
-        << QByteArray("{'selection':[{'ifc_guid':''},{'ifc_project':'p'},'x',{'ifc_guid':'a'}],'coloring':5}")
-        << QByteArray("{'selection':[{},{'ifc_guid':'a'}]}") << "as o+";
-    QTest::newRow("hints are read inside the visibility alone")
-        << QByteArray("{'view_setup_hints':{'spaces_visible':true},'visibility':{'default_visibility':false,"
-                      "'view_setup_hints':{'openings_visible':false}}}")
-        << QByteArray("{'view_setup_hints':{'openings_visible':false}}") << "o+";
-    QTest::newRow("the list takes groups as a list") << QByteArray(
-        "{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]},{'components':[{'ifc_guid':'o'}]}]}")
-                                                     << QByteArray("{}") << "a=red o+";
-    QTest::newRow("the sets take groups as a map, of any key")
-        << QByteArray("{'coloring':{'red':[{'ifc_guid':'a'}],'#00FF00':[]}}")
-        << QByteArray("{'coloring':[{'color':'red','components':[{'ifc_guid':'a'}]}]}") << "o+";
+    addRows("Variants/references.json");
 }
 
 void TestVariants::references()
 {
-    QFETCH(QByteArray, given);
-    QFETCH(QByteArray, ofSets);
-    QFETCH(QString, ofList);
+    QFETCH(QVariantMap, row);
 
     Viewpoint sets("v", nullptr);
     sets.components()->setSelectionComponents({"old"});
     sets.components()->addColoringComponents(QColor("#123456"), QStringList{"old"});
-    sets.componentsFromQVariant(form(given).toMap());
-    QCOMPARE(jsonOf(sets.componentsToQVariant()), jsonOf(form(ofSets)));
+    sets.componentsFromQVariant(row["given"].toMap());
+    QCOMPARE(jsonOf(sets.componentsToQVariant()), jsonOf(row["sets"]));
     BCF_2_0_Lib::Viewpoint list("v", nullptr);
     addBrief(&list, "o+");
-    list.componentsFromQVariant(form(given).toMap());
-    QCOMPARE(brief(&list), ofList);
+    list.componentsFromQVariant(row["given"].toMap());
+    QCOMPARE(brief(&list), row["list"].toString());
 }
 
 void TestVariants::setsAreWrittenWhereTheyAreNotRead()

@@ -1,9 +1,7 @@
 #include "TestArchive.h"
 
-#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
+#include <QJsonDocument>
 #include <QProcess>
-#include <QTest>
-#include <Vec3dMetaType.h>
 #include <osg/Vec3d>
 #include <quazip/quazip.h>
 #include <quazip/quazipfile.h>
@@ -73,6 +71,12 @@ QByteArray TestArchive::entry(const QString &path, const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+QByteArray TestArchive::file(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 QString TestArchive::complaints(const QString &path)
 {
     QString all;
@@ -136,4 +140,14 @@ QStringList tellAll(const QObject *root, const char *className, const QString &p
         }
     }
     return lines;
+}
+
+void addRows(const QString &file)
+{
+    QTest::addColumn<QVariantMap>("row");
+    const QJsonDocument table =
+        QJsonDocument::fromJson(TestArchive::file(QStringLiteral(TESTS_FOLDER "/") + file));
+    for (const QVariant &row : table.toVariant().toList()) {
+        QTest::newRow(row.toMap()["name"].toByteArray()) << row.toMap();
+    }
 }

@@ -1,14 +1,48 @@
 #ifndef TESTS_TESTARCHIVE_H
 #define TESTS_TESTARCHIVE_H
 
+// All classes that hosts use, and what most tests take from Qt.
+#include <BCFLoadingWorker.h>
 #include <BCFModel.h>
+#include <BCF_2_0_Comment.h>
+#include <BCF_2_0_Component.h>
+#include <BCF_2_0_Viewpoint.h>
+#include <BimSnippet.h>
+#include <Bitmap.h>
+#include <ClippingPlane.h>
+#include <Comment.h>
+#include <Component.h>
+#include <Components.h>
+#include <Core/Utils/QtCoreTools/ProgressionSignals.h>
+#include <DocumentReference.h>
+#include <File.h>
+#include <Line.h>
+#include <OrthogonalCamera.h>
+#include <PerspectiveCamera.h>
+#include <Project.h>
+#include <RelatedTopic.h>
+#include <Topic.h>
+#include <Vec3dMetaType.h>
+#include <Version.h>
+#include <ViewSetupHints.h>
+#include <Viewpoint.h>
 
+#include <QBuffer>
 #include <QByteArray>
+#include <QColor>
+#include <QDir>
+#include <QFile>
+#include <QMetaProperty>
 #include <QPair>
+#include <QPointer>
+#include <QRegularExpression>
 #include <QSharedPointer>
+#include <QStandardPaths>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QVariantMap>
 #include <QVector>
 
 /// An archive that a test puts together from short strings, in a folder that goes with it.
@@ -37,6 +71,8 @@ public:
     static QStringList entryNames(const QString &path);
     /// The bytes of an entry; null if there is none.
     static QByteArray entry(const QString &path, const QString &name);
+    /// The bytes of a file; null if there is none.
+    static QByteArray file(const QString &path);
     /// What other programs that read archives find wrong with one; empty if nothing, or they are not there.
     static QString complaints(const QString &path);
     /// The smallest PNG image.
@@ -52,5 +88,8 @@ private:
 QString tell(const QObject *object, const QString &properties);
 /// The same for every object of a class at or below @p root, in the order of the tree.
 QStringList tellAll(const QObject *root, const char *className, const QString &properties);
+
+/// Adds a column "row" and the rows of a table in a file, which bear what stands there as "name".
+void addRows(const QString &file);
 
 #endif // TESTS_TESTARCHIVE_H
