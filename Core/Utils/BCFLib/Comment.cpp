@@ -12,7 +12,10 @@ Comment::Comment(const QString &guid, QObject *parent)
     setObjectName(guid);
 }
 
-Comment::~Comment() = default;
+Comment::~Comment()
+{
+    Owners::aboutToGo(this);
+}
 
 void Comment::childEvent(QChildEvent *event)
 {

@@ -69,6 +69,16 @@ void Owners::aboutToRename(const QObject *child, const QString &guid)
     }
 }
 
+void Owners::aboutToGo(const QObject *child)
+{
+    if (const Topic *topic = qobject_cast<const Topic *>(child->parent())) {
+        topic->_indexes->comments.forget(child);
+        topic->_indexes->viewpoints.forget(child);
+    } else if (const BCFModel *model = qobject_cast<const BCFModel *>(child->parent())) {
+        model->_index->forget(child);
+    }
+}
+
 bool Owners::areToldBy(const QObject *object)
 {
     for (const QMetaObject *type = object->metaObject(); type != nullptr; type = type->superClass()) {
@@ -97,7 +107,10 @@ Topic::Topic(const QVariant &variant, QObject *parent)
     fromQVariant(variant);
 }
 
-Topic::~Topic() = default;
+Topic::~Topic()
+{
+    Owners::aboutToGo(this);
+}
 
 void Topic::childEvent(QChildEvent *event)
 {

@@ -27,7 +27,10 @@ Viewpoint::Viewpoint(const QString &guid, Topic *topic)
     new Components(this);
 }
 
-Viewpoint::~Viewpoint() = default;
+Viewpoint::~Viewpoint()
+{
+    Owners::aboutToGo(this);
+}
 
 void Viewpoint::childEvent(QChildEvent *event)
 {

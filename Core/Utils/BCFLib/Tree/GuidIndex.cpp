@@ -4,6 +4,7 @@
 
 #include <QChildEvent>
 #include <QCoreApplication>
+#include <algorithm>
 
 namespace BCFLib {
 
@@ -11,6 +12,24 @@ namespace {
 
 /// So many newcomers are looked at together.
 constexpr std::size_t manyNewcomers = 64;
+
+/// Whether an object is a mere QObject, as all are when their parent hears of them, and again at their end.
+bool isBare(const QObject *object)
+{
+    return object->metaObject() == &QObject::staticMetaObject;
+}
+
+/// Whether it may be an object of which only filters have heard so far. It is none that is looked for yet.
+bool isBeingMade(const QObject *object)
+{
+    return object != nullptr && isBare(object) && object->children().isEmpty();
+}
+
+/// Null for bare ones: a QPointer to an object at its end would dangle.
+QPointer<QObject> pointerTo(QObject *object)
+{
+    return object == nullptr || isBare(object) ? nullptr : object;
+}
 
 } // namespace
 
@@ -27,28 +46,25 @@ void GuidIndex::childEvent(const QChildEvent *event)
     }
     QObject *child = event->child();
     if (event->added()) {
-        // All but this one, which may still be being made.
-        if (_newcomers.size() >= manyNewcomers) {
-            takeInNewcomers();
-        }
-        _newcomers.emplace(++_lastNumber, child);
         if (child->parent() == _owner) {
             ++_childCount;
             _lastChild = child;
         }
+        if (!isBare(child)) {
+            takeInTree(child);
+            return;
+        }
+        if (_newcomers.size() >= manyNewcomers) {
+            takeInNewcomers();
+        }
+        _newcomers.emplace_back(++_lastNumber, child);
         return;
     }
     --_childCount;
-    _lastChild = _owner->children().isEmpty() ? nullptr : _owner->children().last();
-    const auto key = _keys.find(child);
-    if (key != _keys.end()) {
-        _children.erase(key->second);
-        _keys.erase(key);
-        QObject::disconnect(child, nullptr, _listener.get(), nullptr);
-    }
-    for (auto newcomer = _newcomers.begin(); newcomer != _newcomers.end();) {
-        newcomer = newcomer->second == child ? _newcomers.erase(newcomer) : std::next(newcomer);
-    }
+    _lastChild = pointerTo(_owner->children().value(_childCount - 1));
+    forget(child);
+    const auto isChild = [child](const auto &newcomer) { return newcomer.second == child; };
+    _newcomers.erase(std::remove_if(_newcomers.begin(), _newcomers.end(), isChild), _newcomers.end());
 }
 
 void GuidIndex::aboutToRename(const QObject *child, const QString &guid)
@@ -63,6 +79,16 @@ void GuidIndex::aboutToRename(const QObject *child, const QString &guid)
     _children.insert(std::move(entry));
 }
 
+void GuidIndex::forget(const QObject *child)
+{
+    const auto known = _keys.find(child);
+    if (known != _keys.end()) {
+        _children.erase(known->second);
+        _keys.erase(known);
+        QObject::disconnect(child, nullptr, _listener.get(), nullptr);
+    }
+}
+
 /// False where there can't be an index.
 bool GuidIndex::update()
 {
@@ -71,14 +97,24 @@ bool GuidIndex::update()
         end();
         return false;
     }
-    const QObjectList &children = _owner->children();
-    const bool isComplete = _listener != nullptr && _childCount == children.size()
-        && (children.isEmpty() || _lastChild == children.last());
-    if (!isComplete) {
+    if (_listener == nullptr || !isComplete()) {
         begin();
     }
     takeInNewcomers();
     return true;
+}
+
+/// Whether the children are those that were told of.
+bool GuidIndex::isComplete() const
+{
+    const QObjectList &children = _owner->children();
+    int count = children.size();
+    if (count == _childCount + 1 && isBeingMade(children.last())) {
+        --count;
+    }
+    const QObject *last = children.value(count - 1);
+    return count == _childCount
+        && (_lastChild != nullptr ? last == _lastChild : last == nullptr || isBare(last));
 }
 
 void GuidIndex::begin()
@@ -86,11 +122,11 @@ void GuidIndex::begin()
     end();
     _listener = std::make_unique<QObject>();
     const QObjectList &children = _owner->children();
-    for (QObject *child : children) {
-        _newcomers.emplace(++_lastNumber, child);
+    _childCount = children.size() - (isBeingMade(children.value(children.size() - 1)) ? 1 : 0);
+    _lastChild = pointerTo(children.value(_childCount - 1));
+    for (int i = 0; i < _childCount; ++i) {
+        takeInTree(children.at(i));
     }
-    _childCount = children.size();
-    _lastChild = children.isEmpty() ? nullptr : children.last();
 }
 
 void GuidIndex::end()
@@ -106,38 +142,45 @@ void GuidIndex::takeInNewcomers()
 {
     for (const auto &newcomer : std::exchange(_newcomers, {})) {
         QObject *object = newcomer.second;
-        if (object == nullptr) {
-            continue;
-        }
-        const bool isWanted = _type->cast(object) != nullptr;
-        if (isWanted && object->parent() == _owner) {
+        if (isBeingMade(object)) {
+            _newcomers.push_back(newcomer);
+        } else if (object != nullptr) {
             takeIn(object, newcomer.first);
         }
-        _mayBeDeeper |= (isWanted && object->parent() != _owner) || mayHide(object);
+    }
+    // So many are not being made at a time.
+    if (_newcomers.size() >= manyNewcomers) {
+        _newcomers.clear();
+        _mayBeDeeper = true;
     }
 }
 
-void GuidIndex::takeIn(QObject *child, quint64 number)
+/// Takes in one that is told of, or found, with all that stands below it.
+void GuidIndex::takeInTree(QObject *object)
 {
-    const Key key(child->objectName(), number);
-    _children.emplace(key, child);
-    _keys.emplace(child, key);
+    takeIn(object, ++_lastNumber);
+    for (QObject *child : object->children()) {
+        if (child != nullptr) {
+            takeInTree(child);
+        }
+    }
+}
+
+void GuidIndex::takeIn(QObject *object, quint64 number)
+{
+    const bool isWanted = _type->cast(object) != nullptr;
+    if (!isWanted || object->parent() != _owner) {
+        _mayBeDeeper |= isWanted || !Owners::areToldBy(object);
+        return;
+    }
+    forget(object);
+    const Key key(object->objectName(), number);
+    _children.emplace(key, object);
+    _keys.emplace(object, key);
     // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
     QObject::connect(
-        child, &QObject::objectNameChanged, _listener.get(),
-        [this, child](const QString &guid) { aboutToRename(child, guid); }, Qt::DirectConnection);
-}
-
-/// Whether an object of the class stands below @p object, or may come there without being told of.
-bool GuidIndex::mayHide(const QObject *object) const
-{
-    if (!Owners::areToldBy(object)) {
-        return true;
-    }
-    const QObjectList &children = object->children();
-    return std::any_of(children.begin(), children.end(), [this](const QObject *child) {
-        return _type->cast(child) != nullptr || mayHide(child);
-    });
+        object, &QObject::objectNameChanged, _listener.get(),
+        [this, object](const QString &guid) { aboutToRename(object, guid); }, Qt::DirectConnection);
 }
 
 /// The first child of that guid; null if there is none.
@@ -153,7 +196,6 @@ QObject *GuidIndex::firstOf(const QString &guid)
     }
     // Somebody has kept something from the index.
     begin();
-    takeInNewcomers();
     found = _children.lower_bound(Key(guid, 0));
     return found != _children.end() && found->first.first == guid ? found->second.data() : nullptr;
 }

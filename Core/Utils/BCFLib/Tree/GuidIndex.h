@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
 class QChildEvent;
 
@@ -30,6 +31,8 @@ public:
     void childEvent(const QChildEvent *event);
     /// To be called before a child takes on a guid.
     void aboutToRename(const QObject *child, const QString &guid);
+    /// To be called when a child is destroyed, while it still has its class.
+    void forget(const QObject *child);
 
     /// What a recursive findChild() gives, but that a null guid is one like any other empty one.
     template<class T>
@@ -64,23 +67,24 @@ private:
     static constexpr int fewChildren = 32;
 
     bool update();
+    bool isComplete() const;
     void begin();
     void end();
     void takeInNewcomers();
-    void takeIn(QObject *child, quint64 number);
+    void takeInTree(QObject *object);
+    void takeIn(QObject *object, quint64 number);
     QObject *firstOf(const QString &guid);
-    bool mayHide(const QObject *object) const;
 
     const QObject *_owner;
     const QMetaObject *_type;
     std::map<Key, QPointer<QObject>> _children;
     std::map<const QObject *, Key> _keys;
-    /// Objects that were not looked at yet: while they are made they have neither class nor name.
-    std::map<quint64, QPointer<QObject>> _newcomers;
+    /// Objects with their numbers that had no class yet, nor a name, when they were told of.
+    std::vector<std::pair<quint64, QPointer<QObject>>> _newcomers;
     quint64 _lastNumber = 0;
     /// The owner's children as far as they were told of.
     int _childCount = 0;
-    const QObject *_lastChild = nullptr;
+    QPointer<QObject> _lastChild;
     /// Whether an object of the class may stand further below.
     bool _mayBeDeeper = false;
     /// Hears of names; null until there is an index.

@@ -14,7 +14,9 @@ struct Owners
     static void childEvent(const QObject *parent, const QChildEvent *event);
     /// To be called before @p child takes on a guid.
     static void aboutToRename(const QObject *child, const QString &guid);
-    /// Whether an object calls these.
+    /// To be called as @p child is destroyed.
+    static void aboutToGo(const QObject *child);
+    /// Whether an object tells of its children.
     static bool areToldBy(const QObject *object);
 };
 

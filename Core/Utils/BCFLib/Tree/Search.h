@@ -10,7 +10,7 @@ namespace BCFLib {
 /// Queries on the tree of objects, which is the only store of what hangs below an object.
 ///
 /// They give what a recursive QObject::findChildren() and findChild() give, however an object came to its
-/// place.
+/// place. While an object deletes its children, null stands in the place of those that are gone.
 namespace Search {
 
 /// Appends to @p found all objects of class T below @p owner, parents before their children.
@@ -21,7 +21,7 @@ void collect(const QObject *owner, QList<T *> *found)
         if (T *match = qobject_cast<T *>(child)) {
             found->append(match);
         }
-        if (!child->children().isEmpty()) {
+        if (child != nullptr && !child->children().isEmpty()) {
             collect(child, found);
         }
     }
@@ -56,7 +56,7 @@ T *firstWhere(const QObject *owner, const Predicate &accepts)
     T *match = childWhere<T>(owner, accepts);
     const QObjectList &children = owner->children();
     for (auto child = children.begin(); match == nullptr && child != children.end(); ++child) {
-        if (!(*child)->children().isEmpty()) {
+        if (*child != nullptr && !(*child)->children().isEmpty()) {
             match = firstWhere<T>(*child, accepts);
         }
     }
