@@ -162,6 +162,7 @@ void TestArchiveLoading::foldersAreThoseOfThePlainWalk_data()
     QTest::newRow("a file and a folder of one name") << QStringList{"a", "a" + m};
     QTest::newRow("an entry that stands there twice") << QStringList{"a" + m, "b" + m, "a" + m};
     QTest::newRow("no folder") << QStringList{"a"};
+    QTest::newRow("a line end") << QStringList{"a\n" + m};
 }
 
 void TestArchiveLoading::foldersAreThoseOfThePlainWalk()
@@ -189,14 +190,16 @@ void TestArchiveLoading::attachments_data()
 
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     const QString unwritable = "Can't write in cache path \"" + cache + '"';
-    QTest::newRow("a leading ../ goes") << QByteArray("../a.ifc") << "a.ifc" << QString();
-    QTest::newRow("what has its name is not opened") << QByteArray("../pipe") << "pipe" << QString();
-    QTest::newRow("so does one inside") << QByteArray("../../a../b.ifc") << "ab.ifc" << QString();
-    QTest::newRow("a plain name is taken whole") << QByteArray("a b.ifc") << "a b.ifc" << QString();
-    QTest::newRow("it may be missing") << QByteArray("../no.ifc") << "no.ifc"
-                                       << "File \"no.ifc\" doesn't exist in bcfzip";
-    QTest::newRow("its folder is not made") << QByteArray("x/a.ifc") << "x/a.ifc" << unwritable;
-    QTest::newRow("it can't leave the cache") << QByteArray("..././a.ifc") << "../a.ifc" << unwritable;
+    const auto row = [](const char *name, const char *filename, const char *member, const QString &error) {
+        QTest::newRow(name) << QByteArray(filename) << QString(member) << error;
+    };
+    row("a leading ../ goes", "../a.ifc", "a.ifc", "");
+    row("what has its name is not opened", "../pipe", "pipe", "");
+    row("so does one inside", "../../a../b.ifc", "ab.ifc", "");
+    row("a plain name is taken whole", "a b.ifc", "a b.ifc", "");
+    row("it may be missing", "../no.ifc", "no.ifc", "File \"no.ifc\" doesn't exist in bcfzip");
+    row("its folder is not made", "x/a.ifc", "x/a.ifc", unwritable);
+    row("it can't leave the cache", "..././a.ifc", "../a.ifc", unwritable);
 }
 
 void TestArchiveLoading::attachments()

@@ -113,8 +113,6 @@ class TestCarelessHosts : public QObject
 private slots:
     void treesEndure_data();
     void treesEndure();
-    void deletedObjectsLeaveListsAndLinks();
-    void guidsTakenInSilence();
     void setsThatChangeWhileOneChanges();
     void nullPointersAreRefused();
     void anyVariantIsTaken_data();
@@ -187,42 +185,6 @@ void TestCarelessHosts::treesEndure()
         deed(model.data());
         useAll(model.data());
     }
-}
-
-void TestCarelessHosts::deletedObjectsLeaveListsAndLinks()
-{
-    const QSharedPointer<BCFModel> model = fullModel("2.1");
-    Topic *topic = first<Topic>(model.data());
-    Components *sets = first<Components>(model.data());
-    delete sets->getSelectionComponents().first();
-    delete sets->getVisibilityExceptionComponents().first();
-    QCOMPARE(sets->getSelectionComponents().size(), 1);
-    QVERIFY(sets->getVisibilityExceptionComponents().isEmpty());
-    delete sets;
-    QVERIFY(first<Viewpoint>(model.data())->components() != nullptr);
-
-    Comment free("free", nullptr);
-    free.setTopic(topic);
-    topic->removeViewpoints();
-    QCOMPARE(topic->comment("c")->viewpoint(), nullptr);
-    topic->removeComment("c");
-    QCOMPARE(topic->comment("reply")->replyToComment(), nullptr);
-    model->removeTopic("t");
-    QCOMPARE(free.toQVariant().toMap().value("topic_guid").toString(), QString());
-}
-
-void TestCarelessHosts::guidsTakenInSilence()
-{
-    const QSharedPointer<BCFModel> model = fullModel("2.1");
-    Topic *topic = first<Topic>(model.data());
-    for (int i = 0; i < 40; ++i) {
-        topic->addComment(QString::number(i));
-    }
-    Comment *early = topic->comment("3");
-    QVERIFY(topic->comment("39") != early);
-    const QSignalBlocker blocker(early);
-    early->setGuid("39");
-    QCOMPARE(topic->comment("39"), early);
 }
 
 void TestCarelessHosts::setsThatChangeWhileOneChanges()

@@ -2,6 +2,7 @@
 
 #include "TestArchive.h"
 
+#include <QThread>
 #include <functional>
 
 using Model = QSharedPointer<BCFLib::BCFModel>;

@@ -40,7 +40,6 @@ private slots:
     void onlyTheFirstViewpointAndImageAreNamed();
     void imagesOutliveTheirViewpoints();
     void linksGoNullWithTheirTargets();
-    void aHostMayDeleteAndMoveWhatItLikes();
     void componentsLeaveEveryListThatHeldThem();
     void aListHoldsAGuidOnce();
     void aCameraCountsUnlessItsScaleIsZero();
@@ -167,40 +166,6 @@ void TestTree::linksGoNullWithTheirTargets()
     }
     QVERIFY(comment->topic() == nullptr);
     delete comment;
-}
-
-void TestTree::aHostMayDeleteAndMoveWhatItLikes()
-{
-    for (const char *version : {"2.0", "2.1"}) {
-        _model = BCFModel::Create(version, nullptr);
-        Topic *topic = _model->addTopic("", "", {}, "t");
-        Viewpoint *viewpoint = topic->addViewpoint("v");
-        viewpoint->components()->setSelectionComponents({"s"});
-        BCFLib::Component *component = viewpoint->components()->getSelectionComponents().constFirst();
-        if (auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
-            component = list->addComponent("l");
-        }
-        QObject *drawer = new QObject(topic);
-        for (QObject *place : QObjectList{topic, viewpoint, viewpoint->addLine(), viewpoint->components(),
-                                          component, drawer}) {
-            Comment *comment = topic->addComment("");
-            comment->setParent(place);
-            (new Comment("same", nullptr))->setParent(comment);
-            QCOMPARE(topic->comments(), topic->findChildren<Comment *>());
-            QCOMPARE(topic->comment(comment->guid()), comment);
-            QCOMPARE(topic->comment("same"), topic->findChild<Comment *>("same"));
-            comment->setGuid("renamed");
-            QCOMPARE(topic->comment("renamed"), topic->findChild<Comment *>("renamed"));
-        }
-        QCOMPARE(topic->comments().size(), 12);
-        QCOMPARE(_model->topics(), QList<Topic *>{topic});
-        // One comment owns another, and a third goes with the first by the host's doing.
-        Comment *bystander = topic->addComment("bystander");
-        connect(topic->comments().constFirst(), &QObject::destroyed, this, [bystander] { delete bystander; });
-        topic->removeComments();
-        topic->removeViewpoint("v");
-        QVERIFY(topic->comments().isEmpty() && topic->viewpoints().isEmpty());
-    }
 }
 
 void TestTree::componentsLeaveEveryListThatHeldThem()

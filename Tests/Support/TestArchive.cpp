@@ -1,5 +1,6 @@
 #include "TestArchive.h"
 
+#include <QDebug>
 #include <QJsonDocument>
 #include <QProcess>
 #include <osg/Vec3d>
@@ -150,4 +151,56 @@ void addRows(const QString &file)
     for (const QVariant &row : table.toVariant().toList()) {
         QTest::newRow(row.toMap()["name"].toByteArray()) << row.toMap();
     }
+}
+
+namespace {
+
+/// A property or what a variant form holds, dates as instants of whole seconds and links as guids.
+QString valueOf(const QVariant &value)
+{
+    if (value.userType() == QMetaType::QDateTime) {
+        return value.toDateTime().toUTC().toString(Qt::ISODate);
+    }
+    if (QMetaType(value.userType()).flags() & QMetaType::PointerToQObject) {
+        const QObject *object = value.value<QObject *>();
+        return object != nullptr ? object->objectName() : QString();
+    }
+    QString text;
+    QDebug(&text) << value;
+    return text;
+}
+
+} // namespace
+
+QStringList dump(const QObject *object, const QString &indent)
+{
+    QStringList lines{indent + object->metaObject()->className()};
+    for (int i = 0; i < object->metaObject()->propertyCount(); ++i) {
+        const QMetaProperty property = object->metaObject()->property(i);
+        if (qstrcmp(property.name(), "_errorString") != 0) {
+            lines.append(indent + property.name() + " = " + valueOf(property.read(object)));
+        }
+    }
+    if (const BCFLib::Components *sets = qobject_cast<const BCFLib::Components *>(object)) {
+        return lines << indent + valueOf(sets->toQVariant()) + valueOf(sets->getDefaultVisibility());
+    }
+    if (const BCFLib::Viewpoint *viewpoint = qobject_cast<const BCFLib::Viewpoint *>(object)) {
+        // The cameras are no properties, and the image lives in the topic.
+        lines.append(indent + valueOf(viewpoint->toQVariant()));
+    }
+    if (const BCF_2_0_Lib::Component *component = qobject_cast<const BCF_2_0_Lib::Component *>(object)) {
+        lines.append(indent + valueOf(component->visible()) + valueOf(component->selected()));
+    }
+    QStringList below;
+    QObjectList children = object->children();
+    // The list form comes out sorted, and a save writes one kind of children after the other.
+    std::stable_sort(children.begin(), children.end(), [](const QObject *a, const QObject *b) {
+        const int order = qstrcmp(a->metaObject()->className(), b->metaObject()->className());
+        const bool isList = qobject_cast<const BCF_2_0_Lib::Component *>(a) != nullptr;
+        return order < 0 || (order == 0 && isList && a->objectName() < b->objectName());
+    });
+    for (const QObject *child : qAsConst(children)) {
+        lines += dump(child, indent + ' ');
+    }
+    return lines;
 }

@@ -88,6 +88,8 @@ private:
 QString tell(const QObject *object, const QString &properties);
 /// The same for every object of a class at or below @p root, in the order of the tree.
 QStringList tellAll(const QObject *root, const char *className, const QString &properties);
+/// All that an object and what hangs below it hold, a line for each thing.
+QStringList dump(const QObject *object, const QString &indent = QString());
 
 /// Adds a column "row" and the rows of a table in a file, which bear what stands there as "name".
 void addRows(const QString &file);
