@@ -85,20 +85,21 @@ Deed hanging()
     };
 }
 
-/// All texts of all objects below, by object and property.
-void forAllTexts(QObject *object, const std::function<void(QObject *, const QMetaProperty &)> &visit)
+/// Gives all texts of all objects that one, but for guids that keep apart what stands side by side.
+void setAllTexts(QObject *object, const QString &text)
 {
     for (int i = 0; i < object->metaObject()->propertyCount(); ++i) {
         const QMetaProperty property = object->metaObject()->property(i);
-        // The version says how to read the archive, and paths and names of images have to be true.
         const QString name = property.name();
-        if (property.userType() == QMetaType::QString && !name.contains("ersion") && name != "_filename"
-            && name != "_snapshotFilename" && name != "_errorString") {
-            visit(object, property);
+        const bool isGuid = name == "objectName" || name == "_guid";
+        // The version says how to read the archive, and names of files have to be true.
+        if (property.userType() == QMetaType::QString && !name.contains("ersion") && !name.endsWith("ilename")
+            && name != "_errorString" && (!isGuid || !object->objectName().isEmpty())) {
+            property.write(object, isGuid ? text + object->objectName().right(1) : text);
         }
     }
     for (QObject *child : object->children()) {
-        forAllTexts(child, visit);
+        setAllTexts(child, text);
     }
 }
 
@@ -347,32 +348,12 @@ void TestCarelessHosts::anyTextComesBack()
     QFETCH(QString, readBack);
 
     for (const char *version : {"2.1", "2.0"}) {
-        TestArchive scratch;
+        const TestArchive scratch;
         const QSharedPointer<BCFModel> model = fullModel(version);
-        forAllTexts(model.data(), [&text](QObject *object, const QMetaProperty &property) {
-            // Guids of their own keep apart what stands side by side.
-            const QByteArray name = property.name();
-            const bool isGuid = name == "objectName" || name == "_guid";
-            // Names of entries have to be such.
-            const bool isEntryName = name == "_viewpointFilename" || name == "_snapshotFilename";
-            if (!isEntryName && (!isGuid || !object->objectName().isEmpty())) {
-                property.write(object, isGuid ? text + object->objectName().right(1) : text);
-            }
-        });
+        setAllTexts(model.data(), text);
         QVERIFY(model->serialize(scratch.path()));
-        const QSharedPointer<BCFModel> again = TestArchive::load(scratch.path());
-        QCOMPARE(again->topics().size(), 1);
-        QStringList expected;
-        QStringList found;
-        forAllTexts(model.data(), [&](QObject *object, const QMetaProperty &property) {
-            expected.append(property.read(object).toString().replace(text, readBack));
-        });
-        forAllTexts(again.data(), [&](QObject *object, const QMetaProperty &property) {
-            found.append(property.read(object).toString());
-        });
-        expected.sort();
-        found.sort();
-        QCOMPARE(found, expected);
+        setAllTexts(model.data(), readBack);
+        QCOMPARE(dump(TestArchive::load(scratch.path()).data()), dump(model.data()));
     }
 }
 

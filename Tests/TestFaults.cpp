@@ -3,9 +3,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <dlfcn.h>
-#include <functional>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace BCFLib;
 
@@ -106,8 +103,6 @@ private slots:
     void archivesThatChange();
 
 private:
-    /// What the work says in a process of its own, in which one call fails; 128 for one that crashes.
-    static int outcome(const std::function<int()> &work);
     QString path(const char *name) const { return _folder.path(name); }
 
     TestArchive _folder;
@@ -157,22 +152,6 @@ void TestFaults::initTestCase()
     QCOMPARE(contents(_model.data()).size(), whole.size());
 }
 
-int TestFaults::outcome(const std::function<int()> &work)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        int result = 3;
-        try {
-            result = work();
-        } catch (...) {
-        }
-        _exit(result);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128;
-}
-
 void TestFaults::anyCallFails_data()
 {
     QTest::addColumn<bool>("isLoad");
@@ -220,7 +199,7 @@ void TestFaults::anyCallFails()
     const bool isThorough = qEnvironmentVariableIsSet("BCF_THOROUGH");
     QSet<int> outcomes;
     for (long at = 1;; at += call != Allocation || isThorough || at < 50 ? 1 : 37) {
-        const int code = outcome([&] {
+        const int code = outcomeOf([&] {
             fault.call = static_cast<Call>(call);
             fault.at = at;
             fault.isForGood = isForGood;

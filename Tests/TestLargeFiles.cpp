@@ -1,11 +1,8 @@
 #include "TestArchive.h"
 
 #include <QDomDocument>
-#include <functional>
 #include <malloc.h>
-#include <new>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace BCFLib;
@@ -15,23 +12,12 @@ namespace {
 /// What comes of some work in a process that may take only so much more memory.
 int outcomeWithin(qint64 kilobytes, const std::function<int()> &work)
 {
-    const pid_t child = fork();
-    if (child == 0) {
-        QFile statm("/proc/self/statm");
-        statm.open(QIODevice::ReadOnly);
-        const qint64 pages = statm.readAll().split(' ').value(5).toLongLong();
+    return outcomeOf([&] {
+        const qint64 pages = TestArchive::file("/proc/self/statm").split(' ').value(5).toLongLong();
         const auto bytes = static_cast<rlim_t>(pages * sysconf(_SC_PAGESIZE) + kilobytes * 1024);
         const rlimit limit{bytes, bytes};
-        setrlimit(RLIMIT_DATA, &limit);
-        try {
-            _exit(work());
-        } catch (const std::bad_alloc &) {
-            _exit(3);
-        }
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return setrlimit(RLIMIT_DATA, &limit) == 0 ? work() : 4;
+    });
 }
 
 /// A file in which an element of that path, as in "Markup/Topic", holds this.
@@ -56,15 +42,9 @@ QByteArray numbered(const QByteArray &element, int count, const QByteArray &afte
     return text;
 }
 
-/// Adds a markup file or, to a topic with a viewpoint, a viewpoint file.
 void addFile(TestArchive *archive, const QByteArray &file)
 {
-    if (file.startsWith("<Markup>")) {
-        archive->add("t/markup.bcf", file);
-    } else {
-        archive->addTopic("", "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>");
-        archive->add("t/v.bcfv", file);
-    }
+    file.startsWith("<Markup>") ? archive->add("t/markup.bcf", file) : archive->addViewpoint(file);
 }
 
 } // namespace

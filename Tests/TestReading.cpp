@@ -10,17 +10,11 @@ const QByteArray point = "<Z>3.0000000000000000e+00</Z><X>1.5</X><Y>2</Y>";
 const QByteArray camera = "<CameraViewPoint>" + point + "</CameraViewPoint><CameraUpVector>" + point
     + "</CameraUpVector><CameraDirection>" + point + "</CameraDirection>";
 
-QByteArray fileWith(const QByteArray &inside)
+void read(Viewpoint *viewpoint, const QByteArray &inside)
 {
-    return "<VisualizationInfo>" + inside + "</VisualizationInfo>";
-}
-
-Model load(const QString &version, const QByteArray &file)
-{
-    return TestArchive(version)
-        .addTopic("", "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>")
-        .add("t/v.bcfv", file)
-        .load();
+    QBuffer device;
+    device.setData("<VisualizationInfo>" + inside + "</VisualizationInfo>");
+    viewpoint->deserialize(&device);
 }
 
 } // namespace
@@ -51,9 +45,9 @@ void TestReading::objects()
     const QVariant text = row[isMarkup ? "markup" : "viewpoint"];
     QByteArray file = text.toStringList().join(QString()).toUtf8();
     file.replace("{camera}", camera).replace("{point}", point);
-    const QString version = row["version"].toString();
-    const Model model =
-        isMarkup ? TestArchive(version).add("f/markup.bcf", file).load() : load(version, file);
+    TestArchive archive(row["version"].toString());
+    isMarkup ? archive.add("t/markup.bcf", file) : archive.addViewpoint(file);
+    const Model model = archive.load();
     const QByteArray className = "BCFLib::" + row["class"].toByteArray();
     QStringList lines = tellAll(model.data(), className, row["properties"].toString());
     for (QString &line : lines) {
@@ -71,40 +65,33 @@ void TestReading::anIncompleteCameraKeepsWhatWasRead()
 {
     QByteArray broken = camera;
     broken.replace("<Y>2</Y></CameraDirection>", "<Y>abc</Y></CameraDirection>");
-    const Model model = load("2.1",
-                             fileWith("<PerspectiveCamera><FieldOfView>1</FieldOfView>" + broken
-                                      + "</PerspectiveCamera><OrthogonalCamera><ViewToWorldScale>0"
-                                        "</ViewToWorldScale>"
-                                      + camera + "</OrthogonalCamera>"));
-    const Viewpoint *viewpoint = model->topic("t")->viewpoint("v");
-    QCOMPARE(viewpoint->whichCameraIsSet(), 0);
-    const BCFLib::PerspectiveCamera camera = viewpoint->perspectiveCamera();
-    QVERIFY(camera.cameraViewPoint == osg::Vec3d(1.5, 2, 3)
-            && camera.cameraDirection == osg::Vec3d(1.5, 0, 0));
-    QVERIFY(camera.cameraUpVector == osg::Vec3d() && camera.fieldOfView == -1.0);
-    QVERIFY(viewpoint->orthogonalCamera().cameraUpVector == osg::Vec3d(1.5, 2, 3));
+    Viewpoint viewpoint("v", nullptr);
+    read(&viewpoint,
+         "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + broken
+             + "</PerspectiveCamera><OrthogonalCamera><ViewToWorldScale>0</ViewToWorldScale>" + camera
+             + "</OrthogonalCamera>");
+    QCOMPARE(viewpoint.whichCameraIsSet(), 0);
+    const BCFLib::PerspectiveCamera read = viewpoint.perspectiveCamera();
+    QVERIFY(read.cameraViewPoint == osg::Vec3d(1.5, 2, 3) && read.cameraDirection == osg::Vec3d(1.5, 0, 0));
+    QVERIFY(read.cameraUpVector == osg::Vec3d() && read.fieldOfView == -1.0);
+    QVERIFY(viewpoint.orthogonalCamera().cameraUpVector == osg::Vec3d(1.5, 2, 3));
 }
 
 void TestReading::readingAgainAddsGeometryAndReplacesSets()
 {
     const QByteArray line = "<Lines><Line><StartPoint>" + point + "</StartPoint><EndPoint>" + point
         + "</EndPoint></Line></Lines>";
-    const Model model = load("2.1",
-                             fileWith(line + "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + camera
-                                      + "</PerspectiveCamera><Components><Selection><Component IfcGuid='a'/>"
-                                        "</Selection></Components>"));
-    Viewpoint *viewpoint = model->topic("t")->viewpoint("v");
-    viewpoint->deserialize(nullptr);
-    QByteArray malformed = "<VisualizationInfo>";
-    QBuffer broken(&malformed);
-    viewpoint->deserialize(&broken);
-    QVERIFY(viewpoint->whichCameraIsSet() == 1 && viewpoint->components()->children().size() == 1);
-
-    QByteArray bytes = fileWith(line);
-    QBuffer device(&bytes);
-    viewpoint->deserialize(&device);
-    QVERIFY(viewpoint->whichCameraIsSet() == 0 && viewpoint->components()->children().isEmpty());
-    QCOMPARE(viewpoint->lines().size(), 2);
+    Viewpoint viewpoint("v", nullptr);
+    read(
+        &viewpoint,
+        line + "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + camera
+            + "</PerspectiveCamera><Components><Selection><Component IfcGuid='a'/></Selection></Components>");
+    viewpoint.deserialize(nullptr);
+    read(&viewpoint, "<malformed>");
+    QVERIFY(viewpoint.whichCameraIsSet() == 1 && viewpoint.components()->children().size() == 1);
+    read(&viewpoint, line);
+    QVERIFY(viewpoint.whichCameraIsSet() == 0 && viewpoint.components()->children().isEmpty());
+    QCOMPARE(viewpoint.lines().size(), 2);
 }
 
 void TestReading::snapshots()

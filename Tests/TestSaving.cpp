@@ -103,10 +103,8 @@ void TestSaving::xml()
     const bool isVersion = file.startsWith("<Ver");
     const QString entry = isVersion ? "bcf.version" : isViewpoint ? "t/v.bcfv" : "t/markup.bcf";
     TestArchive archive(isVersion ? QString() : folder.dirName());
-    if (isViewpoint) {
-        archive.addTopic("", "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>");
-    }
-    QVERIFY(archive.add(entry, file).load()->serialize(archive.path("saved.bcf")));
+    isViewpoint ? archive.addViewpoint(file) : archive.add(entry, file);
+    QVERIFY(archive.load()->serialize(archive.path("saved.bcf")));
     QCOMPARE(tags(TestArchive::entry(archive.path("saved.bcf"), entry)), tags(written));
 }
 

@@ -7,6 +7,8 @@
 #include <quazip/quazip.h>
 #include <quazip/quazipfile.h>
 #include <quazip/quazipnewinfo.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 TestArchive::TestArchive(const QString &version)
 {
@@ -25,6 +27,12 @@ TestArchive &TestArchive::addTopic(const QByteArray &topic, const QByteArray &re
 {
     return add(QStringLiteral("t/markup.bcf"),
                "<Markup><Topic Guid=\"t\">" + topic + "</Topic>" + rest + "</Markup>");
+}
+
+TestArchive &TestArchive::addViewpoint(const QByteArray &file)
+{
+    addTopic(QByteArray(), "<Viewpoints Guid='v'><Viewpoint>v.bcfv</Viewpoint></Viewpoints>");
+    return add("t/v.bcfv", file);
 }
 
 QString TestArchive::path(const QString &name) const
@@ -203,4 +211,20 @@ QStringList dump(const QObject *object, const QString &indent)
         lines += dump(child, indent + ' ');
     }
     return lines;
+}
+
+int outcomeOf(const std::function<int()> &work)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        int result = 3;
+        try {
+            result = work();
+        } catch (...) {
+        }
+        _exit(result);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128;
 }

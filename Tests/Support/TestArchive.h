@@ -44,6 +44,7 @@
 #include <QTest>
 #include <QVariantMap>
 #include <QVector>
+#include <functional>
 
 /// An archive that a test puts together from short strings, in a folder that goes with it.
 class TestArchive
@@ -57,6 +58,8 @@ public:
     /// Adds the markup of the folder "t": @p topic is the inside of its Topic element, which has the
     /// guid "t", and @p rest is what stands beside it.
     TestArchive &addTopic(const QByteArray &topic, const QByteArray &rest = QByteArray());
+    /// Adds the topic "t" with a viewpoint "v" and its file.
+    TestArchive &addViewpoint(const QByteArray &file);
 
     /// A path in the archive's folder.
     QString path(const QString &name = QStringLiteral("test.bcf")) const;
@@ -93,5 +96,8 @@ QStringList dump(const QObject *object, const QString &indent = QString());
 
 /// Adds a column "row" and the rows of a table in a file, which bear what stands there as "name".
 void addRows(const QString &file);
+
+/// What some work gives in a process of its own; 128 if that crashes, 3 if the work throws.
+int outcomeOf(const std::function<int()> &work);
 
 #endif // TESTS_TESTARCHIVE_H
