@@ -4,8 +4,8 @@
 
 #include <QDomDocument>
 #include <QIODevice>
+#include <QVarLengthArray>
 #include <algorithm>
-#include <vector>
 
 namespace BCFLib {
 
@@ -86,7 +86,9 @@ void Xml::Printer::printElement(const QDomElement &element, int depth, bool isFi
         if (!element.lastChild().isText()) {
             indent(depth);
         }
-        _text += QLatin1String("</") + element.tagName() + QLatin1Char('>');
+        _text += QLatin1String("</");
+        _text += element.tagName();
+        _text += QLatin1Char('>');
     }
     if (!element.nextSibling().isText()) {
         _text += QLatin1Char('\n');
@@ -100,7 +102,8 @@ void Xml::Printer::printStartTag(const QDomElement &element, int depth)
     if (!_isAfterText) {
         indent(depth);
     }
-    _text += QLatin1Char('<') + element.tagName();
+    _text += QLatin1Char('<');
+    _text += element.tagName();
     const QDomNamedNodeMap attributes = element.attributes();
     printAttributes(attributes);
     const QDomNode first = element.firstChild();
@@ -113,15 +116,17 @@ void Xml::Printer::printStartTag(const QDomElement &element, int depth)
 
 void Xml::Printer::printAttributes(const QDomNamedNodeMap &attributes)
 {
-    std::vector<QDomNode> sorted;
+    QVarLengthArray<QDomNode, 8> sorted;
     for (int i = 0; i < attributes.count(); ++i) {
-        sorted.push_back(attributes.item(i));
+        sorted.append(attributes.item(i));
     }
     // The map's own order changes from one process to the next.
     std::sort(sorted.begin(), sorted.end(),
               [](const QDomNode &one, const QDomNode &other) { return one.nodeName() < other.nodeName(); });
     for (const QDomNode &attribute : sorted) {
-        _text += QLatin1Char(' ') + attribute.nodeName() + QLatin1String("=\"");
+        _text += QLatin1Char(' ');
+        _text += attribute.nodeName();
+        _text += QLatin1String("=\"");
         printEscaped(attribute.nodeValue(), Place::Attribute);
         _text += QLatin1Char('"');
     }
@@ -168,9 +173,9 @@ void Xml::Printer::printEscaped(const QString &text, Place place)
 
 void Xml::Printer::indent(int depth)
 {
-    for (int i = 0; i < depth; ++i) {
-        _text += QLatin1String("    ");
-    }
+    const int start = _text.size();
+    _text.resize(start + 4 * depth);
+    std::fill(_text.begin() + start, _text.end(), QLatin1Char(' '));
 }
 
 void Xml::Printer::flushIfLarge()
