@@ -6,6 +6,7 @@
 #include <Core/Utils/BCFLib/Comment.h>
 #include <Core/Utils/BCFLib/Topic.h>
 #include <Core/Utils/BCFLib/Viewpoint.h>
+#include <Core/Utils/Utility/NewId.h>
 #include <QRandomGenerator>
 #include <benchmark/benchmark.h>
 
@@ -16,8 +17,8 @@ namespace {
 using BCFLib::BCFModel;
 using BCFLib::Topic;
 
-/// Adds one, finds any and removes any in turn, so that what one operation puts off the next one pays.
-/// Filling the added one counts for none of them.
+/// Adds one by a guid that nobody bears, finds any, looks for one that nobody bears and removes any in turn,
+/// so that what one operation puts off the next one pays. Filling the added one counts for none of them.
 ///
 /// The first search in a family looks at each child once; it is a figure of its own.
 template<class Owner, class Object, class Add>
@@ -34,45 +35,50 @@ void edit(benchmark::State &state, Owner *owner, QList<Object *> (Owner::*all)()
     state.counters["first"] = seconds([&] { (owner->*find)(guids.first()); });
     double adding = 0;
     double finding = 0;
+    double missing = 0;
     double removing = 0;
     for (auto _ : state) {
         Object *added = nullptr;
-        adding += seconds([&] { added = add(owner); });
-        guids.append(added->guid());
+        guids.append(Tavrin::NewId());
+        adding += seconds([&] { added = add(owner, guids.last()); });
         // It gets what the others have, so that in small trees too each removal takes as much away.
-        form[QStringLiteral("guid")] = added->guid();
+        form[QStringLiteral("guid")] = guids.last();
         added->fromQVariant(form);
         std::swap(guids[random.bounded(guids.size())], guids.last());
         const QString any = guids.last();
         const Object *found = nullptr;
         finding += seconds([&] { found = (owner->*find)(any); });
-        if (found == nullptr) {
-            state.SkipWithError("an object was not found");
+        const QString nobodys = Tavrin::NewId();
+        const Object *foundToo = nullptr;
+        missing += seconds([&] { foundToo = (owner->*find)(nobodys); });
+        if (found == nullptr || foundToo != nullptr) {
+            state.SkipWithError("an object was not found, or one that is none");
         }
         removing += seconds([&] { (owner->*remove)(guids.takeLast()); });
     }
     state.counters["add"] = adding / double(state.iterations());
     state.counters["find"] = finding / double(state.iterations());
+    state.counters["miss"] = missing / double(state.iterations());
     state.counters["remove"] = removing / double(state.iterations());
 }
 
 void editTopics(benchmark::State &state, BCFModel *model)
 {
-    const auto add = [](BCFModel *to) {
-        return to->addTopic("New", "a@example.com", QDateTime(), QString());
+    const auto add = [](BCFModel *to, const QString &guid) {
+        return to->addTopic("New", "a@example.com", QDateTime(), guid);
     };
     edit(state, model, &BCFModel::topics, add, &BCFModel::topic, &BCFModel::removeTopic);
 }
 
 void editComments(benchmark::State &state, BCFModel *model)
 {
-    const auto add = [](Topic *topic) { return topic->addComment(QString()); };
+    const auto add = [](Topic *topic, const QString &guid) { return topic->addComment(guid); };
     edit(state, model->topics().last(), &Topic::comments, add, &Topic::comment, &Topic::removeComment);
 }
 
 void editViewpoints(benchmark::State &state, BCFModel *model)
 {
-    const auto add = [](Topic *topic) { return topic->addViewpoint(QString()); };
+    const auto add = [](Topic *topic, const QString &guid) { return topic->addViewpoint(guid); };
     edit(state, model->topics().last(), &Topic::viewpoints, add, &Topic::viewpoint, &Topic::removeViewpoint);
 }
 

@@ -44,13 +44,13 @@ def load_save_lines(runs):
 
 
 def editing_lines(runs):
-    row = "{:<30}{:<13}{:>12}{:>9}{:>9}{:>9}"
-    yield row.format("tree", "", "first find", "add", "find", "remove")
+    row = "{:<30}{:<13}{:>12}{:>9}{:>9}{:>9}{:>9}"
+    yield row.format("tree", "", "first find", "add", "find", "miss", "remove")
     yield ""
     for run in sorted(runs, key=lambda run: run["name"].split("/")[::2]):
         tree, size, figure = run["name"].split("/")[:3]
         yield row.format(f"{int(size):,} {tree}", figure,
-                         *(duration(run[key]) for key in ("first", "add", "find", "remove")))
+                         *(duration(run[key]) for key in ("first", "add", "find", "miss", "remove")))
 
 
 def main():

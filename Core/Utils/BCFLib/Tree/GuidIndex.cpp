@@ -25,6 +25,16 @@ bool isBeingMade(const QObject *object)
     return object != nullptr && isBare(object) && object->children().isEmpty();
 }
 
+/// The last eight characters as a number.
+quint64 endOf(const QString &guid)
+{
+    quint64 end = 0;
+    for (const QChar character : guid.right(8)) {
+        end = end << 8 | (character.unicode() & 0xff);
+    }
+    return end;
+}
+
 /// Null for bare ones: a QPointer to an object at its end would dangle.
 QPointer<QObject> pointerTo(QObject *object)
 {
@@ -70,12 +80,12 @@ void GuidIndex::childEvent(const QChildEvent *event)
 void GuidIndex::aboutToRename(const QObject *child, const QString &guid)
 {
     const auto known = _keys.find(child);
-    if (known == _keys.end() || known->second.first == guid) {
+    if (known == _keys.end() || std::get<QString>(known->second) == guid) {
         return;
     }
     auto entry = _children.extract(known->second);
-    entry.key().first = guid;
-    known->second = entry.key();
+    known->second = Key(endOf(guid), guid, std::get<2>(known->second));
+    entry.key() = known->second;
     _children.insert(std::move(entry));
 }
 
@@ -109,7 +119,7 @@ bool GuidIndex::isComplete() const
 {
     const QObjectList &children = _owner->children();
     int count = children.size();
-    if (count == _childCount + 1 && isBeingMade(children.last())) {
+    if (count == _childCount + 1 && isBeingMade(children.value(count - 1))) {
         --count;
     }
     const QObject *last = children.value(count - 1);
@@ -174,7 +184,8 @@ void GuidIndex::takeIn(QObject *object, quint64 number)
         return;
     }
     forget(object);
-    const Key key(object->objectName(), number);
+    const QString guid = object->objectName();
+    const Key key(endOf(guid), guid, number);
     _children.emplace(key, object);
     _keys.emplace(object, key);
     // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
@@ -186,8 +197,8 @@ void GuidIndex::takeIn(QObject *object, quint64 number)
 /// The first child of that guid; null if there is none.
 QObject *GuidIndex::firstOf(const QString &guid)
 {
-    auto found = _children.lower_bound(Key(guid, 0));
-    if (found == _children.end() || found->first.first != guid) {
+    auto found = _children.lower_bound(Key(endOf(guid), guid, 0));
+    if (found == _children.end() || std::get<QString>(found->first) != guid) {
         return nullptr;
     }
     QObject *child = found->second;
@@ -196,8 +207,9 @@ QObject *GuidIndex::firstOf(const QString &guid)
     }
     // Somebody has kept something from the index.
     begin();
-    found = _children.lower_bound(Key(guid, 0));
-    return found != _children.end() && found->first.first == guid ? found->second.data() : nullptr;
+    found = _children.lower_bound(Key(endOf(guid), guid, 0));
+    return found != _children.end() && std::get<QString>(found->first) == guid ? found->second.data()
+                                                                               : nullptr;
 }
 
 } // namespace BCFLib

@@ -6,6 +6,8 @@
 #include <QString>
 #include <map>
 #include <memory>
+#include <tuple>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -60,8 +62,9 @@ public:
     }
 
 private:
-    /// A guid, and the number of the child in the order in which they came.
-    using Key = std::pair<QString, quint64>;
+    /// The end of a guid, which spares most looks at the text, the guid, and the number of the child in the
+    /// order in which they came.
+    using Key = std::tuple<quint64, QString, quint64>;
 
     /// So few are asked as fast as the index.
     static constexpr int fewChildren = 32;
@@ -78,7 +81,7 @@ private:
     const QObject *_owner;
     const QMetaObject *_type;
     std::map<Key, QPointer<QObject>> _children;
-    std::map<const QObject *, Key> _keys;
+    std::unordered_map<const QObject *, Key> _keys;
     /// Objects with their numbers that had no class yet, nor a name, when they were told of.
     std::vector<std::pair<quint64, QPointer<QObject>>> _newcomers;
     quint64 _lastNumber = 0;
