@@ -1,25 +1,17 @@
 #include "Browser.h"
 #include "CommentTreeModel.h"
-#include "TestArchive.h"
+#include "SnapshotView.h"
 #include "TopicArea.h"
 #include "Translators.h"
 #include "ViewpointPanel.h"
 
-#include <BCF_2_0_Viewpoint.h>
-#include <Components.h>
-#include <Topic.h>
-
 #include <QClipboard>
-#include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
 #include <QSplitter>
-#include <QTabWidget>
-#include <QTableView>
 #include <QTranslator>
 
 using BCFLib::BCFModel;
@@ -46,6 +38,12 @@ QSharedPointer<BCFModel> manyTopics(int count)
     return model;
 }
 
+QByteArray comment(const QByteArray &guid, const QByteArray &answered)
+{
+    return "<Comment Guid=\"" + guid + "\"><Comment>" + guid + "</Comment><ReplyToComment Guid=\"" + answered
+        + "\"/></Comment>";
+}
+
 } // namespace
 
 class TestIssueBrowserDisplay : public QObject
@@ -54,6 +52,10 @@ class TestIssueBrowserDisplay : public QObject
 
 private slots:
     void init();
+    void threads_data();
+    void threads();
+    void droppedArchiveTakesThePlaceOfTheFirst();
+    void badImagesAreNull();
     void filters_data();
     void filters();
     void sorting_data();
@@ -73,6 +75,60 @@ private slots:
 void TestIssueBrowserDisplay::init()
 {
     QSettings(QSettings::IniFormat, QSettings::UserScope, "Tavrin", "issue-browser").clear();
+}
+
+void TestIssueBrowserDisplay::threads_data()
+{
+    QTest::addColumn<QByteArray>("comments");
+    QTest::addColumn<QString>("expected");
+
+    QByteArray chain = comment("1", "");
+    for (int number = 2; number <= 9; ++number) {
+        chain += comment(QByteArray::number(number), QByteArray::number(number - 1));
+    }
+    QTest::newRow("an answer may stand before what it answers")
+        << comment("b", "a") + comment("a", "") + comment("c", "a") << "a(b c)";
+    QTest::newRow("a circle is cut at its first comment")
+        << comment("d", "c") + comment("a", "c") + comment("b", "a") + comment("c", "b") << "d a(b(c))";
+    QTest::newRow("a comment that answers itself begins a thread")
+        << comment("a", "a") + comment("b", "a") << "a(b)";
+    QTest::newRow("answers below a certain depth stand side by side") << chain << "1(2(3(4(5(6 7 8 9)))))";
+}
+
+void TestIssueBrowserDisplay::threads()
+{
+    QFETCH(const QByteArray, comments);
+    QFETCH(const QString, expected);
+
+    const Browser browser(TestArchive().addTopic("<Title>T</Title>", comments).write());
+    QCOMPARE(tree(*browser.comments()), expected);
+}
+
+void TestIssueBrowserDisplay::droppedArchiveTakesThePlaceOfTheFirst()
+{
+    Browser browser(sample);
+    TestArchive second;
+    second.addTopic("<Title>T</Title>", comment("a", ""));
+    browser.dropAndWait(browser.part<QLineEdit>("filter"), second.write());
+    QCOMPARE(browser.windowTitle(), QString("test.bcf[*]"));
+    QCOMPARE(browser.topics()->rowCount(), 1);
+    QCOMPARE(browser.part<QLineEdit>("title")->text(), QString("T"));
+    QCOMPARE(tree(*browser.comments()), QString("a"));
+    QCOMPARE(browser.part<QAbstractItemView>("viewpoints")->model()->rowCount(), 0);
+}
+
+void TestIssueBrowserDisplay::badImagesAreNull()
+{
+    const QByteArray png = TestArchive::png();
+    const QByteArray torso = png.left(20);
+    const QByteArray drawing = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>";
+    QByteArray huge = png;
+    huge[18] = huge[22] = '\x01';
+    QCOMPARE(readSnapshot(&png, QSize(9, 9)).size(), QSize(1, 1));
+    QVERIFY(readSnapshot(nullptr, QSize(9, 9)).isNull());
+    for (const QByteArray &bytes : {torso, drawing, huge}) {
+        QVERIFY(readSnapshot(&bytes, QSize(9, 9)).isNull());
+    }
 }
 
 void TestIssueBrowserDisplay::filters_data()

@@ -1,13 +1,6 @@
 #include "Browser.h"
-#include "TestArchive.h"
 
-#include <QComboBox>
-#include <QMetaProperty>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTreeView>
-
-#include <functional>
 
 namespace {
 

@@ -1,14 +1,5 @@
 #include "Browser.h"
 #include "DiskLimit.h"
-#include "TestArchive.h"
-
-#include <Topic.h>
-
-#include <QDir>
-#include <QFileDialog>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QStandardPaths>
 
 namespace {
 
@@ -99,10 +90,15 @@ void TestIssueBrowserFiles::notices_data()
     QTest::addColumn<QString>("expected");
     QTest::addColumn<bool>("canEdit");
 
-    QTest::newRow("nothing to say") << "2.1" << fields << QByteArray() << QString() << true;
-    QTest::newRow("another version") << "3.0" << fields << QByteArray() << "version 3.0" << true;
-    QTest::newRow("a topic without a title") << "2.1" << QByteArray() << QByteArray() << "no title" << true;
-    QTest::newRow("broken off") << "2.1" << fields << attachment << "\"a.txt\"" << false;
+    const auto row = [](const char *version, const QByteArray &topic, const QByteArray &rest,
+                        const char *expected, bool canEdit) {
+        QTest::addRow("'%s' is said", expected)
+            << QString(version) << topic << rest << QString(expected) << canEdit;
+    };
+    row("2.1", fields, "", "", true);
+    row("3.0", fields, "", "version 3.0", true);
+    row("2.1", "", "", "no title", true);
+    row("2.1", fields, attachment, "\"a.txt\"", false);
 }
 
 void TestIssueBrowserFiles::notices()
@@ -136,21 +132,17 @@ void TestIssueBrowserFiles::failedSaves_data()
     QTest::addColumn<QString>("goal");
     QTest::addColumn<QString>("expected");
 
-    const QByteArray imageless =
-        "<Viewpoints "
-        "Guid=\"v\"><Viewpoint>viewpoint.bcfv</Viewpoint><Snapshot>snapshot.png</Snapshot></Viewpoints>";
-    QTest::newRow("no folder") << QByteArray() << "none/x.bcf"
-                               << "There is no folder";
-    QTest::newRow("a folder in the way") << QByteArray() << "."
-                                         << "There is a folder of that name";
-    QTest::newRow("a folder of the system") << QByteArray() << "/proc/x.bcf"
-                                            << "Nothing can be written";
-    QTest::newRow("an attachment that is gone") << attachment << "x.bcf"
-                                                << "a.txt\" of topic";
-    QTest::newRow("an image that is missing") << imageless << "x.bcf"
-                                              << "lacks its image \"snapshot.png\"";
-    QTest::newRow("a full disk") << QByteArray() << "full.bcf"
-                                 << "has room for";
+    const auto row = [](const char *name, const QByteArray &rest, const char *goal, const char *expected) {
+        QTest::newRow(name) << rest << QString(goal) << QString(expected);
+    };
+    row("no folder", "", "none/x.bcf", "There is no folder");
+    row("a folder in the way", "", ".", "There is a folder of that name");
+    row("a folder of the system", "", "/proc/x.bcf", "Nothing can be written");
+    row("an attachment that is gone", attachment, "x.bcf", "a.txt\" of topic");
+    row("an image that is missing",
+        "<Viewpoints Guid='v'><Viewpoint>viewpoint.bcfv</Viewpoint><Snapshot>i.png</Snapshot></Viewpoints>",
+        "x.bcf", "lacks its image \"i.png\"");
+    row("a full disk", "", "full.bcf", "has room for");
 }
 
 void TestIssueBrowserFiles::failedSaves()

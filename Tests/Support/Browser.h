@@ -2,18 +2,23 @@
 #define TESTS_BROWSER_H
 
 #include "MainWindow.h"
+#include "TestArchive.h"
 #include "TopicTableModel.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 
 inline const QString sample = QStringLiteral(SAMPLE_ARCHIVE);
