@@ -78,38 +78,24 @@ private slots:
 
 void TestArchiveLoading::versions_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("record");
-    QTest::addColumn<bool>("isListForm");
-
-    const auto file = [](const QByteArray &id) {
-        return "<Version VersionId='" + id + "'><DetailedVersion>d</DetailedVersion></Version>";
-    };
-    QTest::newRow("no version file means 1.0, held as 2.0") << QByteArray() << "2.0|2.0 RC" << true;
-    QTest::newRow("1.0 is held as 2.0") << file("1.0") << "2.0|2.0 RC" << true;
-    QTest::newRow("2.0 keeps its record") << file("2.0") << "2.0|d" << true;
-    QTest::newRow("2.1 keeps its record") << file("2.1") << "2.1|d" << false;
-    QTest::newRow("no detail is needed") << QByteArray("<Version VersionId='2.1'/>") << "2.1|" << false;
-    QTest::newRow("3.0 is read like 2.1, held as 2.0") << file("3.0") << "2.0|2.0 RC" << false;
-    QTest::newRow("a blank makes another version") << file("2.0 ") << "2.0|2.0 RC" << false;
-    QTest::newRow("another root tells no version") << QByteArray("<x/>") << "2.0|2.0 RC" << false;
+    addRows("Loading/versions.json");
 }
 
 void TestArchiveLoading::versions()
 {
-    QFETCH(QByteArray, file);
-    QFETCH(QString, record);
-    QFETCH(bool, isListForm);
+    QFETCH(QVariantMap, row);
 
     TestArchive archive{QString()};
-    if (!file.isNull()) {
-        archive.add("bcf.version", file);
+    if (row["file"].userType() == QMetaType::QString) {
+        archive.add("bcf.version", row["file"].toByteArray());
     }
+    const int ofList = row["isListForm"].toBool() ? 1 : 0;
     const Model model = archive.addTopic("", "<Comment/><Viewpoints Guid='v'/>").load();
-    QCOMPARE(tellAll(model.data(), "BCFLib::Version", "_versionId _detailedVersion"), QStringList(record));
+    QCOMPARE(tellAll(model.data(), "BCFLib::Version", "_versionId _detailedVersion"),
+             QStringList(row["record"].toString()));
     QCOMPARE(tellAll(model.data(), "BCFLib::Viewpoint", "objectName").size(), 1);
-    QCOMPARE(tellAll(model.data(), "BCF_2_0_Lib::Viewpoint", "objectName").size(), int(isListForm));
-    QCOMPARE(tellAll(model.data(), "BCF_2_0_Lib::Comment", "objectName").size(), int(isListForm));
+    QCOMPARE(tellAll(model.data(), "BCF_2_0_Lib::Viewpoint", "objectName").size(), ofList);
+    QCOMPARE(tellAll(model.data(), "BCF_2_0_Lib::Comment", "objectName").size(), ofList);
 }
 
 void TestArchiveLoading::loadsThatEndEarly()
@@ -143,32 +129,14 @@ void TestArchiveLoading::projects()
 
 void TestArchiveLoading::foldersAreThoseOfThePlainWalk_data()
 {
-    QTest::addColumn<QStringList>("names");
-
-    const QString m = "/markup.bcf";
-    QTest::newRow("in any order, one without a markup") << QStringList{"z" + m, "b/viewpoint.bcfv", "a" + m};
-    QTest::newRow("a folder that appears again later") << QStringList{"a/x", "b" + m, "a" + m, "b/x"};
-    QTest::newRow("folder entries") << QStringList{"a/", "b/", "b" + m, "c/"};
-    QTest::newRow("nested folders") << QStringList{"a/b" + m, "c/d" + m, "c" + m};
-    QTest::newRow("names that begin with a slash") << QStringList{"a" + m, m, "/b" + m, "markup.bcf"};
-    QTest::newRow("names below . and /") << QStringList{"." + m, "a" + m, "./b" + m, m};
-    QTest::newRow("names below ..") << QStringList{".." + m, "a" + m, "../a" + m, "a/.." + m};
-    QTest::newRow("doubled slashes") << QStringList{"a/" + m, "b" + m, "//c" + m};
-    QTest::newRow("backslashes") << QStringList{"a\\markup.bcf", "b\\c" + m};
-    QTest::newRow("blanks, dots and wildcards")
-        << QStringList{" " + m, "a b " + m, "..." + m, ".a" + m, "*" + m};
-    QTest::newRow("letters beyond ASCII") << QStringList{QString::fromUtf8("\xC3\xBC\xF0\x9F\x8F\xA0") + m};
-    QTest::newRow("names that differ in case") << QStringList{"a" + m, "A" + m, "B/Markup.bcf"};
-    QTest::newRow("a file and a folder of one name") << QStringList{"a", "a" + m};
-    QTest::newRow("an entry that stands there twice") << QStringList{"a" + m, "b" + m, "a" + m};
-    QTest::newRow("no folder") << QStringList{"a"};
-    QTest::newRow("a line end") << QStringList{"a\n" + m};
+    addRows("Loading/folders.json");
 }
 
 void TestArchiveLoading::foldersAreThoseOfThePlainWalk()
 {
-    QFETCH(QStringList, names);
+    QFETCH(QVariantMap, row);
 
+    const QStringList names = row["entries"].toStringList();
     TestArchive archive;
     for (int i = 0; i < names.size(); ++i) {
         archive.add(names.at(i), markup(QString::number(i)));
@@ -184,31 +152,16 @@ void TestArchiveLoading::foldersAreThoseOfThePlainWalk()
 
 void TestArchiveLoading::attachments_data()
 {
-    QTest::addColumn<QByteArray>("filename");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QString>("error");
-
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
-    const QString unwritable = "Can't write in cache path \"" + cache + '"';
-    const auto row = [](const char *name, const char *filename, const char *member, const QString &error) {
-        QTest::newRow(name) << QByteArray(filename) << QString(member) << error;
-    };
-    row("a leading ../ goes", "../a.ifc", "a.ifc", "");
-    row("what has its name is not opened", "../pipe", "pipe", "");
-    row("so does one inside", "../../a../b.ifc", "ab.ifc", "");
-    row("a plain name is taken whole", "a b.ifc", "a b.ifc", "");
-    row("it may be missing", "../no.ifc", "no.ifc", "File \"no.ifc\" doesn't exist in bcfzip");
-    row("its folder is not made", "x/a.ifc", "x/a.ifc", unwritable);
-    row("it can't leave the cache", "..././a.ifc", "../a.ifc", unwritable);
+    addRows("Loading/attachments.json");
 }
 
 void TestArchiveLoading::attachments()
 {
-    QFETCH(QByteArray, filename);
-    QFETCH(QString, member);
-    QFETCH(QString, error);
+    QFETCH(QVariantMap, row);
 
     const QDir cache(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    const QString member = row["member"].toString();
+    const QString error = row["error"].toString().replace("%1", cache.path());
     QFile copy(cache.path() + '/' + member);
     cache.mkpath(".");
     copy.remove();
@@ -219,7 +172,7 @@ void TestArchiveLoading::attachments()
         copy.close();
     }
     TestArchive archive;
-    archive.add("a/markup.bcf", markup("a", filename)).add("b/markup.bcf", markup("b"));
+    archive.add("a/markup.bcf", markup("a", row["filename"].toByteArray())).add("b/markup.bcf", markup("b"));
     if (!error.startsWith("File")) {
         archive.add(member, "ISO");
     }

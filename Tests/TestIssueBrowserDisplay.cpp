@@ -79,29 +79,19 @@ void TestIssueBrowserDisplay::init()
 
 void TestIssueBrowserDisplay::threads_data()
 {
-    QTest::addColumn<QByteArray>("comments");
-    QTest::addColumn<QString>("expected");
-
-    QByteArray chain = comment("1", "");
-    for (int number = 2; number <= 9; ++number) {
-        chain += comment(QByteArray::number(number), QByteArray::number(number - 1));
-    }
-    QTest::newRow("an answer may stand before what it answers")
-        << comment("b", "a") + comment("a", "") + comment("c", "a") << "a(b c)";
-    QTest::newRow("a circle is cut at its first comment")
-        << comment("d", "c") + comment("a", "c") + comment("b", "a") + comment("c", "b") << "d a(b(c))";
-    QTest::newRow("a comment that answers itself begins a thread")
-        << comment("a", "a") + comment("b", "a") << "a(b)";
-    QTest::newRow("answers below a certain depth stand side by side") << chain << "1(2(3(4(5(6 7 8 9)))))";
+    addRows("Browser/threads.json");
 }
 
 void TestIssueBrowserDisplay::threads()
 {
-    QFETCH(const QByteArray, comments);
-    QFETCH(const QString, expected);
+    QFETCH(const QVariantMap, row);
 
+    QByteArray comments;
+    for (const QVariant &pair : row["comments"].toList()) {
+        comments += comment(pair.toList()[0].toByteArray(), pair.toList()[1].toByteArray());
+    }
     const Browser browser(TestArchive().addTopic("<Title>T</Title>", comments).write());
-    QCOMPARE(tree(*browser.comments()), expected);
+    QCOMPARE(tree(*browser.comments()), row["shown"].toString());
 }
 
 void TestIssueBrowserDisplay::droppedArchiveTakesThePlaceOfTheFirst()
@@ -133,71 +123,38 @@ void TestIssueBrowserDisplay::badImagesAreNull()
 
 void TestIssueBrowserDisplay::filters_data()
 {
-    QTest::addColumn<QString>("search");
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<QString>("assignee");
-    QTest::addColumn<QString>("numbers");
-    QTest::addColumn<QString>("count");
-
-    const auto row = [](const char *name, const char *c0, const char *c1, const char *c2, const char *c3,
-                        const char *c4) {
-        QTest::newRow(name) << QString(c0) << QString(c1) << QString(c2) << QString(c3) << QString(c4);
-    };
-    row("all", "", "", "", "1 2 3", "3 topics");
-    row("title", "DAMPER", "", "", "2", "1 of 3 topics");
-    row("description", "third of its span", "", "", "1", "1 of 3 topics");
-    row("comment", "compartment", "", "", "3", "1 of 3 topics");
-    row("words in several texts", "rating compartment closed", "", "", "3", "1 of 3 topics");
-    row("label", "fire safety", "", "", "2 3", "2 of 3 topics");
-    row("status", "", "Open", "", "1", "1 of 3 topics");
-    row("assignee", "", "", "aino.virtanen@example.com", "1 2", "2 of 3 topics");
-    row("nothing", "damper", "Closed", "", "", "0 of 3 topics");
+    addRows("Browser/filters.json");
 }
 
 void TestIssueBrowserDisplay::filters()
 {
-    QFETCH(const QString, search);
-    QFETCH(const QString, status);
-    QFETCH(const QString, assignee);
-    QFETCH(const QString, numbers);
+    QFETCH(const QVariantMap, row);
 
     const Browser browser(sample);
-    const auto choose = [&browser](const char *name, const QString &text) {
-        auto *const field = browser.part<QComboBox>(name);
-        field->setCurrentIndex(text.isEmpty() ? 0 : field->findText(text));
-    };
-    choose("statusFilter", status);
-    choose("assigneeFilter", assignee);
-    QTest::keyClicks(browser.part<QLineEdit>("filter"), search);
-    QCOMPARE(texts(*browser.topics(), TopicTableModel::Index).join(' '), numbers);
-    QTEST(browser.part<QLabel>("count")->text(), "count");
+    for (const QString name : {"status", "assignee"}) {
+        auto *const field = browser.part<QComboBox>((name + "Filter").toLatin1());
+        const QString wanted = row[name].toString();
+        field->setCurrentIndex(wanted.isEmpty() ? 0 : field->findText(wanted));
+    }
+    QTest::keyClicks(browser.part<QLineEdit>("filter"), row["search"].toString());
+    const QString numbers = texts(*browser.topics(), TopicTableModel::Index).join(' ');
+    QCOMPARE(numbers, row["numbers"].toString());
+    QCOMPARE(browser.part<QLabel>("count")->text(), row["count"].toString());
     QCOMPARE(browser.part<QLineEdit>("title")->text(), browser.title(0));
     QCOMPARE(browser.part<QLabel>("nothing")->isVisible(), numbers.isEmpty());
 }
 
 void TestIssueBrowserDisplay::sorting_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QStringList>("sorted");
-
-    QTest::newRow("words for priorities, the most urgent first")
-        << int(TopicTableModel::Priority) << QByteArray("_priority")
-        << QStringList{"Critical", "hoch", "Medium", "Niedrig", "trivial", "a word", "some word", ""};
-    QTest::newRow("numbers for priorities") << int(TopicTableModel::Priority) << QByteArray("_priority")
-                                            << QStringList{"P1", "2 - high", "Normal", "10", ""};
-    QTest::newRow("numbers, and topics without")
-        << int(TopicTableModel::Index) << QByteArray("_index") << QStringList{"2", "9", "10", "-1"};
-    QTest::newRow("numbers in texts")
-        << int(TopicTableModel::Title) << QByteArray("_title") << QStringList{"duct 9", "Duct 10", "pipe 1"};
+    addRows("Browser/sorting.json");
 }
 
 void TestIssueBrowserDisplay::sorting()
 {
-    QFETCH(const int, column);
-    QFETCH(const QByteArray, property);
-    QFETCH(const QStringList, sorted);
+    QFETCH(const QVariantMap, row);
 
+    const QByteArray property = row["property"].toByteArray();
+    const QStringList sorted = row["sorted"].toStringList();
     const QSharedPointer<BCFModel> model = manyTopics(sorted.size());
     const QList<Topic *> all = model->topics();
     for (int place = 0; place < all.size(); ++place) {
@@ -206,10 +163,10 @@ void TestIssueBrowserDisplay::sorting()
     TopicTableModel topics;
     const TopicArea area(&topics);
     topics.setArchive(model);
-    area.table()->sortByColumn(column, Qt::AscendingOrder);
+    area.table()->sortByColumn(row["column"].toInt(), Qt::AscendingOrder);
     QStringList shown;
-    for (int row = 0; row < all.size(); ++row) {
-        area.table()->selectRow(row);
+    for (int place = 0; place < all.size(); ++place) {
+        area.table()->selectRow(place);
         shown << area.topic()->property(property).toString();
     }
     QCOMPARE(shown, sorted);
@@ -412,12 +369,7 @@ void TestIssueBrowserDisplay::sizesAndNamesAreRemembered()
 
 void TestIssueBrowserDisplay::languages_data()
 {
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("de_DE") << "&Datei|Titel|11.03.2024 08:12|1.234 Themen|1 von 1.234 Themen|Warnung";
-    QTest::newRow("fr_FR")
-        << "&Fichier|Titre|11/03/2024 08:12|1\u202f234 sujets|1 sur 1\u202f234 sujets|Avertissement";
-    QTest::newRow("en_GB") << "&File|Title|11/03/2024 08:12|1,234 topics|1 of 1,234 topics|Warning";
+    addRows("Browser/languages.json");
 }
 
 void TestIssueBrowserDisplay::languages()
@@ -444,7 +396,8 @@ void TestIssueBrowserDisplay::languages()
                             title};
     qDeleteAll(qApp->findChildren<QTranslator *>());
     QLocale::setDefault(QLocale::c());
-    QTEST(shown.join('|'), "expected");
+    QFETCH(const QVariantMap, row);
+    QCOMPARE(shown.join('|'), row["shown"].toString());
 }
 
 QTEST_MAIN(TestIssueBrowserDisplay)

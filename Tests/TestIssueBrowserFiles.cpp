@@ -84,33 +84,18 @@ void TestIssueBrowserFiles::unusableFiles()
 
 void TestIssueBrowserFiles::notices_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("topic");
-    QTest::addColumn<QByteArray>("rest");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<bool>("canEdit");
-
-    const auto row = [](const char *version, const QByteArray &topic, const QByteArray &rest,
-                        const char *expected, bool canEdit) {
-        QTest::addRow("'%s' is said", expected)
-            << QString(version) << topic << rest << QString(expected) << canEdit;
-    };
-    row("2.1", fields, "", "", true);
-    row("3.0", fields, "", "version 3.0", true);
-    row("2.1", "", "", "no title", true);
-    row("2.1", fields, attachment, "\"a.txt\"", false);
+    addRows("Browser/notices.json");
 }
 
 void TestIssueBrowserFiles::notices()
 {
-    QFETCH(const QString, version);
-    QFETCH(const QByteArray, topic);
-    QFETCH(const QByteArray, rest);
-    QFETCH(const QString, expected);
-    QFETCH(const bool, canEdit);
+    QFETCH(const QVariantMap, row);
 
-    TestArchive archive(version);
-    Browser browser(archive.addTopic(topic, rest).write());
+    const QString expected = row["said"].toString();
+    const bool canEdit = row["canEdit"].toBool();
+    const QByteArray topic = QByteArray(fields).replace("<Title>T", "<Title>" + row["title"].toByteArray());
+    TestArchive archive(row["version"].toString());
+    Browser browser(archive.addTopic(topic, row["rest"].toByteArray()).write());
     browser.part<QLineEdit>("author")->setText("me");
     QCOMPARE(notice(browser).isEmpty(), expected.isEmpty());
     QVERIFY2(notice(browser).contains(expected), qPrintable(notice(browser)));
@@ -128,31 +113,16 @@ void TestIssueBrowserFiles::notices()
 
 void TestIssueBrowserFiles::failedSaves_data()
 {
-    QTest::addColumn<QByteArray>("rest");
-    QTest::addColumn<QString>("goal");
-    QTest::addColumn<QString>("expected");
-
-    const auto row = [](const char *name, const QByteArray &rest, const char *goal, const char *expected) {
-        QTest::newRow(name) << rest << QString(goal) << QString(expected);
-    };
-    row("no folder", "", "none/x.bcf", "There is no folder");
-    row("a folder in the way", "", ".", "There is a folder of that name");
-    row("a folder of the system", "", "/proc/x.bcf", "Nothing can be written");
-    row("an attachment that is gone", attachment, "x.bcf", "a.txt\" of topic");
-    row("an image that is missing",
-        "<Viewpoints Guid='v'><Viewpoint>viewpoint.bcfv</Viewpoint><Snapshot>i.png</Snapshot></Viewpoints>",
-        "x.bcf", "lacks its image \"i.png\"");
-    row("a full disk", "", "full.bcf", "has room for");
+    addRows("Browser/failed-saves.json");
 }
 
 void TestIssueBrowserFiles::failedSaves()
 {
-    QFETCH(const QByteArray, rest);
-    QFETCH(const QString, goal);
-    QFETCH(const QString, expected);
+    QFETCH(const QVariantMap, row);
 
+    const QString goal = row["goal"].toString();
     TestArchive archive;
-    Browser browser(archive.addTopic(fields, rest).add("a.txt", "a").write());
+    Browser browser(archive.addTopic(fields, row["rest"].toByteArray()).add("a.txt", "a").write());
     const QDir cache(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
     for (const QString &folder : cache.entryList({"window-*"}, QDir::Dirs)) {
         QFile::remove(cache.filePath(folder + "/a.txt"));
@@ -160,7 +130,7 @@ void TestIssueBrowserFiles::failedSaves()
     const DiskLimit limit(goal == "full.bcf" ? 100 : 1000000);
     edit(browser);
     QVERIFY(!browser.save(QDir(archive.path(".")).filePath(goal)));
-    QVERIFY2(browser.message().contains(expected), qPrintable(browser.message()));
+    QVERIFY2(browser.message().contains(row["said"].toString()), qPrintable(browser.message()));
     QVERIFY(browser.isWindowModified());
     QCOMPARE(QDir(archive.path(".")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
              QStringList("test.bcf"));
