@@ -77,9 +77,6 @@ void TestLargeFiles::initTestCase()
 
 namespace {
 
-const QByteArray point = "<X>%1</X><Y>-2.0000000000000001e-01</Y><Z>3</Z>";
-const QByteArray line =
-    "<Line><StartPoint>" + point + "</StartPoint><EndPoint>" + point + "</EndPoint></Line>";
 const QByteArray element = "<Component IfcGuid='0123456789abcdefg%1'><OriginatingSystem>s</OriginatingSystem>"
                            "<AuthoringToolId>%1</AuthoringToolId></Component>";
 
@@ -87,18 +84,7 @@ const QByteArray element = "<Component IfcGuid='0123456789abcdefg%1'><Originatin
 
 void TestLargeFiles::memoryIsThatOfTheTree_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("path");
-    QTest::addColumn<QByteArray>("element");
-    QTest::addColumn<int>("bytes");
-
-    QTest::newRow("sets") << "2.1" << QByteArray("VisualizationInfo/Components/Selection") << element << 420;
-    QTest::newRow("list") << "2.0" << QByteArray("VisualizationInfo/Components") << element << 500;
-    QTest::newRow("lines") << "2.1" << QByteArray("VisualizationInfo/Lines") << line << 190;
-    QTest::newRow("comments") << "2.1" << QByteArray("Markup")
-                              << QByteArray(
-                                     "<Comment Guid='%1'><Author>a</Author><Comment>c</Comment></Comment>")
-                              << 600;
+    addRows("Large/memory.json");
 }
 
 void TestLargeFiles::memoryIsThatOfTheTree()
@@ -106,73 +92,41 @@ void TestLargeFiles::memoryIsThatOfTheTree()
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     QSKIP("The sanitizers take memory of their own");
 #endif
-    QFETCH(QString, version);
-    QFETCH(QByteArray, path);
-    QFETCH(QByteArray, element);
-    QFETCH(int, bytes);
+    QFETCH(QVariantMap, row);
 
     constexpr int count = 50000;
-    TestArchive archive(version);
-    addFile(&archive, fileWith(path, numbered(element, count)));
+    TestArchive archive(row["version"].toString());
+    addFile(&archive, fileWith(row["path"].toByteArray(), numbered(row["element"].toByteArray(), count)));
     const QString name = archive.write();
     // Objects take more memory in Qt 6.
     const double perByte = QT_VERSION < QT_VERSION_CHECK(6, 0, 0) ? 1.0 : 1.4;
-    const qint64 tree = qint64(perByte * bytes * count / 1024);
+    const qint64 tree = qint64(perByte * row["bytes"].toInt() * count / 1024);
     const auto load = [&name] { return TestArchive::load(name)->errorString().isEmpty() ? 0 : 1; };
     QCOMPARE(outcomeWithin(1024 + tree + tree / 4, load), 0);
 }
 
 void TestLargeFiles::manyElements_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("path");
-    QTest::addColumn<QByteArray>("element");
-    QTest::addColumn<QByteArray>("className");
-    QTest::addColumn<QString>("properties");
-    QTest::addColumn<QString>("expected");
-
-    const auto row = [](const char *name, const char *path, const QByteArray &element, const char *className,
-                        const char *properties, const QString &expected, const char *version = "2.1") {
-        QTest::newRow(name) << QString(version) << QByteArray(path) << element << QByteArray(className)
-                            << QString(properties) << expected;
-    };
-    const QByteArray named = "<Component IfcGuid='%1&#xe9;&#x20ac;' Color='%1'><OriginatingSystem>s%1&amp;"
-                             "</OriginatingSystem><AuthoringToolId><?p?>x</AuthoringToolId></Component>"
-                             "<Component Selected='true'/>";
-    const char *const references = "objectName _originatingSystem _authoringToolId";
-    const char *const expected = u8"%1\u00e9\u20ac|s%1&|";
-    row("selected elements", "VisualizationInfo/Components/Selection", named, "BCFLib::Component", references,
-        expected);
-    row("elements in a list", "VisualizationInfo/Components", named, "BCFLib::Component", references,
-        expected, "2.0");
-    row("lines", "VisualizationInfo/Lines", line + "<Line/>", "BCFLib::Line", "_startPoint", "%1 -0.2 3");
-    row("bitmaps", "VisualizationInfo",
-        "<Bitmaps><Bitmap>PNG</Bitmap><Reference><![CDATA[<%1]]>]]</Reference><Location>" + point
-            + "</Location><Normal>" + point + "</Normal><Up>" + point + "</Up><Height>1</Height></Bitmaps>",
-        "BCFLib::Bitmap", "_reference", "<%1");
-    row("comments", "Markup",
-        "<Comment Guid='%1'><Comment>a<b>%1</b><Comment/><![CDATA[&]]></Comment></Comment>",
-        "BCFLib::Comment", "objectName _comment", "%1|a%1&");
+    addRows("Large/elements.json");
 }
 
 void TestLargeFiles::manyElements()
 {
-    QFETCH(QString, version);
-    QFETCH(QByteArray, path);
-    QFETCH(QByteArray, element);
-    QFETCH(QByteArray, className);
-    QFETCH(QString, properties);
-    QFETCH(QString, expected);
+    QFETCH(QVariantMap, row);
 
+    const QString version = row["version"].toString();
+    const QByteArray className = row["class"].toByteArray();
+    const QString properties = row["properties"].toString();
+    const QByteArray element = row["element"].toByteArray();
     const int count = 1500;
     const QByteArray others =
         "text<!-- --><?Component x?><?Line?>&nothing;<Other a='&nothing;'>" + element + "</Other>";
-    const QByteArray file = fileWith(path, numbered(element, count, others));
+    const QByteArray file = fileWith(row["path"].toByteArray(), numbered(element, count, others));
     TestArchive archive(version);
     addFile(&archive, file);
     QStringList all;
     for (int i = 0; i < count; ++i) {
-        all.append(QString(expected).replace("%1", QString::number(10000 + i)));
+        all.append(row["expected"].toString().replace("%1", QString::number(10000 + i)));
     }
     QCOMPARE(tellAll(archive.load().data(), className, properties), all);
 

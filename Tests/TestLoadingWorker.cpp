@@ -46,25 +46,17 @@ private slots:
 
 void TestLoadingWorker::progress_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QByteArray>("topicHeader");
-    QTest::addColumn<QString>("said");
-
-    QTest::newRow("no archive") << "none" << QByteArray() << "+1 end";
-    QTest::newRow("two folders") << "2.1" << QByteArray() << "+1 +2 1 1 1 end";
-    QTest::newRow("two folders that share a file") << "2.1" << header << "+1 +2 1 1 +1 1 1 end";
-    QTest::newRow("a file that is missing ends the load")
-        << "2.1" << QByteArray(header).replace("x.", "y.") << "+1 +2 1 1 +1 end";
+    addRows("Loading/progress.json");
 }
 
 void TestLoadingWorker::progress()
 {
-    QFETCH(QString, version);
-    QFETCH(QByteArray, topicHeader);
-    QFETCH(QString, said);
+    QFETCH(QVariantMap, row);
 
+    const bool isThere = row["header"].userType() == QMetaType::QString;
     TestArchive archive;
-    const QString path = version == "none" ? archive.path() : addTopics(archive, 2, topicHeader).write();
+    const QString path =
+        isThere ? addTopics(archive, 2, row["header"].toByteArray()).write() : archive.path();
     BCFLoadingWorker worker(path);
     QStringList heard;
     listen(&worker, &heard);
@@ -74,9 +66,9 @@ void TestLoadingWorker::progress()
         const QSharedPointer<BCFLib::BCFModel> before = worker.model();
         heard.clear();
         worker.doLoad();
-        QCOMPARE(heard.join(' '), said);
+        QCOMPARE(heard.join(' '), row["said"].toString());
         QVERIFY(!worker.model().isNull() && worker.model() != before);
-        QCOMPARE(worker.model()->version() == nullptr, version == "none");
+        QCOMPARE(worker.model()->version() == nullptr, !isThere);
     }
 }
 

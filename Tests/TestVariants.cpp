@@ -113,39 +113,20 @@ void TestVariants::topics()
 
 void TestVariants::folding_data()
 {
-    QTest::addColumn<QString>("components");
-    QTest::addColumn<QString>("folded");
-    QTest::addColumn<QString>("unfolded");
-
-    const auto row = [](const char *name, const char *c0, const char *c1, const char *c2) {
-        QTest::newRow(name) << QString(c0) << QString(c1) << QString(c2);
-    };
-    row("no components", "", "visible but ", "");
-    row("more shown than hidden: the shown ones are written, the hidden one comes back by its colour",
-        "a+=ff0000 b+s c-=ff0000", "hidden but a,b; selected b; #ff0000 a,c", "a+=ff0000 b+s c=ff0000");
-    row("without colour it is gone", "a+ b+ c-", "hidden but a,b", "a+ b+");
-    row("three shown, two hidden", "a+ b- c+ d- e+", "hidden but a,c,e", "a+ c+ e+");
-    row("two shown, three hidden", "a- b+ c- d+ e-", "visible but a,c,e", "a- c- e-");
-    row("a tie is for the hidden ones", "a+ b- c+ d-", "visible but b,d", "b- d-");
-    row("unset counts as hidden", "b a+ c", "visible but b,c", "b- c-");
-    row("not selected is not told", "b-n a-s", "visible but a,b; selected a", "a-s b-");
-    row("two spellings are two groups of one name", "a-=ff0000 b-=#ff0000 c-=##1",
-        "visible but a,b,c; ##1 c; #ff0000 b; #ff0000 a", "a-=ff0000 b-=ff0000 c-=#1");
+    addRows("Variants/folding.json");
 }
 
 void TestVariants::folding()
 {
-    QFETCH(QString, components);
-    QFETCH(QString, folded);
-    QFETCH(QString, unfolded);
+    QFETCH(QVariantMap, row);
 
     BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
-    addBrief(&viewpoint, components);
-    QCOMPARE(brief(viewpoint.componentsToQVariant()), folded);
+    addBrief(&viewpoint, row["components"].toString());
+    QCOMPARE(brief(viewpoint.componentsToQVariant()), row["folded"].toString());
     BCF_2_0_Lib::Viewpoint rebuilt("v", nullptr);
     for (int time = 0; time < 2; ++time) {
         rebuilt.componentsFromQVariant(viewpoint.componentsToQVariant());
-        QCOMPARE(brief(&rebuilt), unfolded);
+        QCOMPARE(brief(&rebuilt), row["unfolded"].toString());
     }
 }
 
