@@ -43,8 +43,9 @@ private:
     Tavrin::Boolean _visible = Tavrin::BooleanUnset;
     Tavrin::Boolean _selected = Tavrin::BooleanUnset;
     QString _color;
-    /// The viewpoint whose list it stands in.
+    /// The viewpoint whose list it stands in, and the guid under which it was added.
     Viewpoint *_viewpoint = nullptr;
+    QString _key;
 };
 
 } // namespace BCF_2_0_Lib

@@ -2,7 +2,6 @@
 
 #include <log4cplus/loggingmacros.h>
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -29,6 +28,7 @@ Component *Viewpoint::addComponent(const QString &guid)
     delete _components.value(guid);
     std::unique_ptr<Component> component(new Component(guid, this));
     component->_viewpoint = this;
+    component->_key = guid;
     Component *&entry = _components[guid];
     // Slots and filters of the host may add one, too; the last one stays.
     Component *other = std::exchange(entry, component.release());
@@ -50,12 +50,8 @@ QList<Component *> Viewpoint::components() const
 /// A component that is destroyed leaves the list.
 void Viewpoint::forget(const Component *component)
 {
-    // The key is the guid under which it was added, which need not be its guid any more.
-    auto entry = _components.find(component->guid());
-    if (entry == _components.end() || entry.value() != component) {
-        entry = std::find(_components.begin(), _components.end(), component);
-    }
-    if (entry != _components.end()) {
+    const auto entry = _components.find(component->_key);
+    if (entry != _components.end() && entry.value() == component) {
         _components.erase(entry);
     }
 }
