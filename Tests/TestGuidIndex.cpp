@@ -81,7 +81,7 @@ class TestGuidIndex : public QObject
 private slots:
     void asFindChild_data();
     void asFindChild();
-    void slotsLookDuringARename();
+    void slotsChangeAndLook();
     void searchesAskFewChildren();
 };
 
@@ -182,7 +182,7 @@ void TestGuidIndex::asFindChild()
     }
 }
 
-void TestGuidIndex::slotsLookDuringARename()
+void TestGuidIndex::slotsChangeAndLook()
 {
     const QSharedPointer<BCFModel> model = BCFModel::Create(nullptr);
     Topic *topic = model->addTopic("", "", QDateTime(), "t");
@@ -203,6 +203,10 @@ void TestGuidIndex::slotsLookDuringARename()
     QCOMPARE(topic->comment("70"), comment);
     topic->comment("10")->setObjectName("70");
     QCOMPARE(topic->comment("70"), topic->comments().at(10));
+    // One that is dying does not count.
+    connect(topic->addViewpoint("v"), &QObject::destroyed, [topic] { topic->addViewpoint("w"); });
+    topic->removeViewpoint("v");
+    QCOMPARE(topic->viewpoint("w")->viewpointFilename(), QString("viewpoint.bcfv"));
 }
 
 /// However it came to its place, and whatever happens in other models.
@@ -223,7 +227,9 @@ void TestGuidIndex::searchesAskFewChildren()
     }
     Comment *other = models[1]->addTopic("", "", QDateTime(), "t")->addComment("o");
     const QSignalBlocker blocker(other);
+    connect(topic->comment("5"), &QObject::destroyed, [topic] { topic->comment("5"); });
     Counted::asked = 0;
+    topic->removeComment("5");
     for (int i = 0; i < 1000; ++i) {
         other->setGuid(QString::number(i % 2));
         QCOMPARE(topic->comment("999")->guid(), QString("999"));
