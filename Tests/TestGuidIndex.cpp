@@ -8,6 +8,7 @@
 #include <QRandomGenerator>
 #include <QSignalBlocker>
 #include <QTest>
+#include <QTimer>
 
 using namespace BCFLib;
 
@@ -214,6 +215,7 @@ void TestGuidIndex::searchesAskFewChildren()
 {
     const QSharedPointer<BCFModel> models[2] = {BCFModel::Create(nullptr), BCFModel::Create(nullptr)};
     Topic *topic = models[0]->addTopic("", "", QDateTime(), "t");
+    new QTimer(topic);
     Filter filter;
     for (int i = 0; i < 1000; ++i) {
         new Counted(QString::number(i), topic);

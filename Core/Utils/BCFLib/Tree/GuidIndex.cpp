@@ -145,7 +145,8 @@ void GuidIndex::end()
     _children.clear();
     _keys.clear();
     _newcomers.clear();
-    _mayBeDeeper = false;
+    _strangers.clear();
+    _isDeeper = false;
 }
 
 void GuidIndex::takeInNewcomers()
@@ -161,7 +162,7 @@ void GuidIndex::takeInNewcomers()
     // So many are not being made at a time.
     if (_newcomers.size() >= manyNewcomers) {
         _newcomers.clear();
-        _mayBeDeeper = true;
+        _isDeeper = true;
     }
 }
 
@@ -179,8 +180,12 @@ void GuidIndex::takeInTree(QObject *object)
 void GuidIndex::takeIn(QObject *object, quint64 number)
 {
     const bool isWanted = _type->cast(object) != nullptr;
+    if (!isBare(object) && !Owners::areToldBy(object)) {
+        _strangers.emplace_back(object);
+    }
     if (!isWanted || object->parent() != _owner) {
-        _mayBeDeeper |= isWanted || !Owners::areToldBy(object);
+        // A bare object can't be watched, as it may be at its end.
+        _isDeeper |= isWanted || isBare(object);
         return;
     }
     forget(object);
@@ -192,6 +197,25 @@ void GuidIndex::takeIn(QObject *object, quint64 number)
     QObject::connect(
         object, &QObject::objectNameChanged, _listener.get(),
         [this, object](const QString &guid) { aboutToRename(object, guid); }, Qt::DirectConnection);
+}
+
+/// Whether an object of the class may stand further below.
+bool GuidIndex::mayBeDeeper()
+{
+    const auto holdsWanted = [this](const QObject *object) {
+        const QObjectList all = Search::all<QObject>(object);
+        return std::any_of(all.begin(), all.end(),
+                           [this](const QObject *child) { return _type->cast(child); });
+    };
+    for (std::size_t i = 0; i < _strangers.size() && !_isDeeper;) {
+        if (_strangers[i] == nullptr) {
+            _strangers[i] = _strangers.back();
+            _strangers.pop_back();
+        } else {
+            _isDeeper = holdsWanted(_strangers[i++]);
+        }
+    }
+    return _isDeeper;
 }
 
 /// The first child of that guid; null if there is none.

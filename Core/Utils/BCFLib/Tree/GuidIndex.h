@@ -50,15 +50,15 @@ public:
             return Search::firstWhere<T>(_owner, hasGuid);
         }
         QObject *child = firstOf(guid);
-        return child == nullptr && _mayBeDeeper ? Search::firstWhere<T>(_owner, hasGuid)
-                                                : static_cast<T *>(child);
+        return child == nullptr && mayBeDeeper() ? Search::firstWhere<T>(_owner, hasGuid)
+                                                 : static_cast<T *>(child);
     }
 
     /// How many objects of the class there are below the owner.
     template<class T>
     int count()
     {
-        return update() && !_mayBeDeeper ? static_cast<int>(_keys.size()) : Search::all<T>(_owner).size();
+        return update() && !mayBeDeeper() ? static_cast<int>(_keys.size()) : Search::all<T>(_owner).size();
     }
 
 private:
@@ -76,6 +76,7 @@ private:
     void takeInNewcomers();
     void takeInTree(QObject *object);
     void takeIn(QObject *object, quint64 number);
+    bool mayBeDeeper();
     QObject *firstOf(const QString &guid);
 
     const QObject *_owner;
@@ -88,8 +89,10 @@ private:
     /// The owner's children as far as they were told of.
     int _childCount = 0;
     QPointer<QObject> _lastChild;
-    /// Whether an object of the class may stand further below.
-    bool _mayBeDeeper = false;
+    /// Objects of a host's own classes, which tell nobody of what comes below them.
+    std::vector<QPointer<QObject>> _strangers;
+    /// Whether an object of the class stands further below, or can't be ruled out there.
+    bool _isDeeper = false;
     /// Hears of names; null until there is an index.
     std::unique_ptr<QObject> _listener;
 };
