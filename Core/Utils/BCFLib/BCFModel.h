@@ -72,14 +72,14 @@ public:
     static bool isBCF_2_0(QObject *object);
     /// The version of the model at or above @p object; empty without a model or a version record.
     static QString getVersion(QObject *object);
-    /// Digits behind the point of every number in a written file: 16.
+    /// Digits after the decimal point of every number in a written file: 16.
     static int numberPrecision();
 
     /// The first version record; null after a failed load.
     Version *version() const;
     /// Adds a version record: "2.0" for exactly that text, the current version for any other.
     ///
-    /// A record that is there already stays in front and goes on being version().
+    /// An existing record stays first and is still what version() returns.
     Version *createVersion(const QString &version);
 
     /// The first project record, or null.
@@ -105,7 +105,7 @@ public:
     ///
     /// False means that some step failed; the archive as far as it was written stays at the path, but
     /// nothing happens to a file that the archive is to hold. True means that the archive can be read back:
-    /// where topics, viewpoints or images would share a name in it, or bear one that can't be, the save
+    /// where topics, viewpoints or images would share a name in it, or have an invalid one, the save
     /// chooses others. The model itself is never changed by a save.
     bool serialize(const QString &path);
 

@@ -14,7 +14,7 @@ Viewpoint::Viewpoint(const QString &guid, BCFLib::Topic *topic)
 
 Viewpoint::~Viewpoint()
 {
-    // A component that a host has hung elsewhere outlives the list.
+    // A component that a host reparented outlives the list.
     for (Component *component : qAsConst(_components)) {
         component->_viewpoint = nullptr;
     }

@@ -18,7 +18,7 @@ public:
 
     ~Batch()
     {
-        // From the first one on: so an object looks for a child that goes.
+        // Front to back, because QObject searches its children from the front.
         while (!_components.isEmpty()) {
             Component *component = _components.takeFirst();
             component->_set = nullptr;
@@ -89,7 +89,7 @@ Components::Components(QObject *parent)
 
 Components::~Components()
 {
-    // A component that a host has hung elsewhere outlives its set.
+    // A component that a host reparented outlives its set.
     const auto release = [](const QList<Component *> &set) {
         for (Component *component : set) {
             component->_set = nullptr;

@@ -62,7 +62,7 @@ public:
 
     /// A map of what is there: "view_setup_hints", "visibility", "selection" and "coloring".
     ///
-    /// Without exceptions there is no "visibility", and the default visibility is not told.
+    /// Without exceptions there is no "visibility", and the default visibility is not included.
     QVariant toQVariant() const;
     /// Replaces everything by what @p variant holds.
     void fromQVariant(const QVariant &variant);

@@ -20,7 +20,7 @@ namespace Tavrin {
 /// goes out as U+FFFD, so that every written file can be read again.
 namespace DOMXml {
 
-/// Digits behind the point of a written number: 16.
+/// Digits after the decimal point of a written number: 16.
 BCFLIB_EXPORT int numberPrecision();
 
 /// Appends to @p parent an element that holds @p value in scientific notation, such as

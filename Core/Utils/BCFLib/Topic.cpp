@@ -2,24 +2,31 @@
 
 #include "BCFModel.h"
 #include "BCF_2_0_Comment.h"
+#include "BCF_2_0_Component.h"
 #include "BCF_2_0_Viewpoint.h"
 #include "BimSnippet.h"
+#include "Bitmap.h"
+#include "ClippingPlane.h"
 #include "Comment.h"
+#include "Component.h"
+#include "Components.h"
 #include "DocumentReference.h"
 #include "File.h"
 #include "Io/Limits.h"
 #include "Io/ReadAll.h"
+#include "Line.h"
+#include "Project.h"
 #include "RelatedTopic.h"
 #include "Tree/Guid.h"
 #include "Tree/GuidIndex.h"
 #include "Tree/Owners.h"
 #include "Tree/Search.h"
+#include "Version.h"
 #include "Viewpoint.h"
 
 #include <QChildEvent>
 #include <QFileInfo>
 #include <QIODevice>
-#include <cstring>
 #include <memory>
 #include <typeinfo>
 #include <utility>
@@ -31,6 +38,12 @@ namespace {
 bool hasFileName(const QString &path, const QString &name)
 {
     return QFileInfo(path).fileName() == name;
+}
+
+template<class... Classes>
+bool isAnyOf(const std::type_info &type)
+{
+    return ((type == typeid(Classes)) || ...);
 }
 
 } // namespace
@@ -49,7 +62,7 @@ struct Topic::GuidIndexes
 
 void Owners::childEvent(const QObject *parent, const QChildEvent *event)
 {
-    // Whoever stands above hears of what comes; who goes matters to nobody but the parent.
+    // Added children are reported to all ancestors, removed ones to the parent only.
     const QObject *const top = event->added() ? nullptr : parent->parent();
     for (const QObject *object = parent; object != top; object = object->parent()) {
         if (const Topic *topic = qobject_cast<const Topic *>(object)) {
@@ -83,8 +96,10 @@ void Owners::aboutToGo(const QObject *child)
 
 bool Owners::areToldBy(const QObject *object)
 {
-    // By its C++ class, as a subclass of a host needs no meta-object, and may keep events to itself.
-    return std::strstr(typeid(*object).name(), "BCFLib") != nullptr;
+    // Not by its meta-object: a subclass of a host needs none, and may keep events to itself.
+    return isAnyOf<Component, BCF_2_0_Lib::Component, Components, Line, ClippingPlane, Bitmap, Viewpoint,
+                   BCF_2_0_Lib::Viewpoint, Comment, BCF_2_0_Lib::Comment, File, BimSnippet, DocumentReference,
+                   RelatedTopic, Topic, Project, Version, BCFModel>(typeid(*object));
 }
 
 Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,

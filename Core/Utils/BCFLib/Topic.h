@@ -184,7 +184,7 @@ public:
 
     /// The first snippet, or null. Only this one is saved.
     BimSnippet *bimSnippet() const;
-    /// Adds an empty snippet behind one that may be there already, and which then goes on being the first.
+    /// Adds an empty snippet after any existing one, which stays the first.
     BimSnippet *addBimSnippet();
     /// Deletes the first snippet, if any.
     void removeBimSnippet();

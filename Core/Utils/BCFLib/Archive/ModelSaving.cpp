@@ -86,8 +86,8 @@ bool BCFModel::serialize(const QString &path)
         }
         SavedFile file(path);
         QuaZip zip(&file);
-        // Names in the encoding of the system may lack letters, and nothing in the archive would tell which
-        // it is.
+        // Names in the encoding of the system may lack letters, and the archive would not record which
+        // encoding was used.
         zip.setUtf8Enabled(true);
         if (!zip.open(QuaZip::mdCreate) || !writeArchive(&zip)) {
             return false;
@@ -159,7 +159,7 @@ bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
     const auto write = [&path](QIODevice *device) {
         QFile file(path);
         QByteArray bytes;
-        return !CacheFolder::leadsAstray(path) && file.open(QIODevice::ReadOnly)
+        return !CacheFolder::escapesCacheFolder(path) && file.open(QIODevice::ReadOnly)
             && readToEnd(&file, Limits::attachmentBytes, &bytes) == ReadOutcome::Complete
             && device->write(bytes) == bytes.size();
     };

@@ -69,7 +69,7 @@ bool CacheFolder::write(const QString &memberName, const QByteArray &bytes) cons
     return !failure;
 }
 
-bool CacheFolder::leadsAstray(const QString &path)
+bool CacheFolder::escapesCacheFolder(const QString &path)
 {
     return path.startsWith(location().absolutePath() + QLatin1Char('/')) && !standsBelow(location(), path);
 }

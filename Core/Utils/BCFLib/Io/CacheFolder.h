@@ -31,7 +31,7 @@ public:
     /// Whether @p path begins in the folder, but leads out of it, by itself or by a symbolic link.
     ///
     /// Only an archive from a stranger names such a file, which is neither written nor read then.
-    static bool leadsAstray(const QString &path);
+    static bool escapesCacheFolder(const QString &path);
 
 private:
     QDir _dir;

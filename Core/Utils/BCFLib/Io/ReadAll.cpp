@@ -8,7 +8,7 @@ namespace {
 
 constexpr qint64 firstChunk = 64LL * 1024;
 
-/// Where a stream breaks off, the piece that is asked for then is lost, but not those before it.
+/// Small, since only the current piece is lost where a stream breaks off.
 constexpr qint64 piece = 16LL * 1024;
 
 /// What the device says of itself, as far as it may be believed: enough to spare a growing buffer

@@ -57,8 +57,8 @@ QStringList Topic::writeHeader(QDomDocument &doc, QDomElement &parent)
         QString filename = file->filename();
         if (!file->isExternal() && !filename.isEmpty()) {
             const QFileInfo local(filename);
-            // A path that leads astray is passed on as it is, for the save to see and not to follow it.
-            paths.append(CacheFolder::leadsAstray(filename) ? filename : local.absoluteFilePath());
+            // A path that escapes the cache folder is kept, so that the save can reject it.
+            paths.append(CacheFolder::escapesCacheFolder(filename) ? filename : local.absoluteFilePath());
             filename = QStringLiteral("../") + local.fileName();
         }
         Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Filename"), filename);

@@ -7,7 +7,7 @@ class QString;
 
 namespace BCFLib {
 
-/// What the objects of a model tell those above them that keep an index of guids.
+/// Notifies the owners above an object, which index guids, of added and removed children and of renames.
 struct Owners
 {
     /// To be called with each child event of @p parent.

@@ -72,13 +72,13 @@ T *first(const QObject *owner)
 
 /// Deletes all objects of class T below @p owner.
 ///
-/// One may own another where a host has hung them so, and slots of the host may delete some on the way.
+/// One may own another if the host reparented them, and slots of the host may delete some on the way.
 template<class T>
 void deleteAll(const QObject *owner)
 {
     const QList<T *> found = all<T>(owner);
-    const QList<QPointer<T>> doomed(found.begin(), found.end());
-    for (const QPointer<T> &object : doomed) {
+    const QList<QPointer<T>> remaining(found.begin(), found.end());
+    for (const QPointer<T> &object : remaining) {
         delete object.data();
     }
 }

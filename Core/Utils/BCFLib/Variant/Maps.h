@@ -7,7 +7,7 @@
 
 namespace BCFLib {
 
-/// The habits of the variant form, each in one place.
+/// Helpers shared by all conversions to and from variants.
 namespace Variants {
 
 inline void insertIfNotEmpty(QVariantMap &map, const QString &key, const QString &text)
@@ -34,12 +34,11 @@ void insertFormsIfNotEmpty(QVariantMap &map, const QString &key, const List &obj
 /// The list that a value holds. Of a text, which Qt 6 takes for a list of characters, nothing.
 inline QVariantList toList(const QVariant &value)
 {
-    const bool isText =
-        value.userType() == QMetaType::QString || value.userType() == QMetaType::QByteArray;
+    const bool isText = value.userType() == QMetaType::QString || value.userType() == QMetaType::QByteArray;
     return isText ? QVariantList() : value.toList();
 }
 
-/// Dates are passed on in the time zone that they are in, as far as whole seconds tell them.
+/// Dates keep the time zone that they are in, to whole seconds.
 inline QString fromDate(const QDateTime &date)
 {
     return date.toString(Qt::ISODate);

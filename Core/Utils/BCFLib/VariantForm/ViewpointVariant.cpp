@@ -63,7 +63,7 @@ void insertForms(QVariantMap &map, const QString &key, const QList<T *> &objects
 QByteArray imageFromForm(const QVariant &value)
 {
     const QString prefix = QStringLiteral("data:image/png;base64,");
-    // Of bytes, which as a rule are the image, no more is turned into text than tells what they are.
+    // Bytes are usually the image itself; only enough of them is decoded to recognise a data URL.
     const bool isBytes = value.userType() == QMetaType::QByteArray;
     const QString beginning =
         isBytes ? QString::fromUtf8(value.toByteArray().left(2 * prefix.size())) : value.toString();

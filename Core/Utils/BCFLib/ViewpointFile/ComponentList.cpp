@@ -28,7 +28,7 @@ void writeMark(QDomElement &element, const QString &name, Tavrin::Boolean mark)
     }
 }
 
-/// What an element of the file tells of a component.
+/// One Component element as it was read.
 struct Mention
 {
     QString guid;

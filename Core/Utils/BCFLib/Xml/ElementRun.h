@@ -13,21 +13,21 @@ namespace Xml {
 ///
 /// As a node of its own an element takes some thirty times the memory of its text, and a file can hold
 /// hundreds of thousands that are read one after the other. They are kept in this form until their turn
-/// comes: what the parser said of them, as texts with a mark in front and a NUL behind.
+/// comes, as a sequence of strings, each with a leading tag byte and a terminating NUL.
 ///
 /// The node is a processing instruction whose target is the elements' name with a blank in front, which no
-/// file can bring in.
+/// parsed name can have.
 class ElementRun
 {
 public:
-    /// So many elements of a document are nodes in any case: as few as nearly all files have.
+    /// The first numerous elements of a document stay ordinary nodes; few files have more.
     static constexpr int fewElements = 200;
     /// What a run may hold before the next one begins: little, so that what was read is soon given back.
     static constexpr std::size_t largeRun = 16 * 1024;
 
     void beginElement(const char *name, const char **attributes);
     void addText(std::string_view text);
-    /// For a comment and the like, of which only that it is there matters.
+    /// For a comment and the like, whose content is never read.
     void addOtherNode();
     void endElement();
 

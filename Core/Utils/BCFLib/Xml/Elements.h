@@ -9,10 +9,10 @@
 
 namespace BCFLib {
 
-/// The habits of the readers and writers of XML elements, each in one place.
+/// Helpers shared by everything that reads or writes XML elements.
 ///
 /// The texts that are read are copies. QDomElement's own functions give texts that share their memory with
-/// the document; each that outlives it would keep back a piece of what the document took.
+/// the document; a text that outlives the document would keep part of its memory alive.
 namespace Xml {
 
 /// Calls @p visit with each child element of @p parent of that name, in file order.

@@ -12,7 +12,7 @@ namespace Xml {
 class Names
 {
 public:
-    /// Good until the next call.
+    /// Valid until the next call.
     const QString &of(const char *utf8)
     {
         const std::size_t length = std::strlen(utf8);

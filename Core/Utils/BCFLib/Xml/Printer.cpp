@@ -14,7 +14,7 @@ namespace {
 /// What a text may hold before it is handed on.
 constexpr int enoughToWrite = 32 * 1024;
 
-/// So many elements are printed in one go, since each time the way to them begins at the root.
+/// So many elements are printed in one go, because every call walks down from the root.
 constexpr int enoughToPrint = 50;
 
 } // namespace
@@ -44,7 +44,7 @@ void Xml::Printer::finish(const QDomDocument &document)
     }
 }
 
-/// What is finished because @p parent is stays in it: the parent itself is taken out.
+/// If the parent is finished, its children stay in it; the caller removes the parent.
 void Xml::Printer::printChildren(QDomNode parent, int depth, bool isFinished)
 {
     QDomNode next;
@@ -190,7 +190,7 @@ void Xml::Printer::flush()
     const QByteArray bytes = _text.toUtf8();
     _text.resize(0);
     _bytes += bytes.size();
-    // What passes the bound serves nobody.
+    // Nothing could read a file beyond this size.
     if (_device != nullptr && _bytes <= Limits::xmlBytes) {
         _device->write(bytes);
     }

@@ -20,7 +20,7 @@ namespace Xml {
 /// QDomNode::save() itself moves the rest of a text for each character that it escapes, which takes hours
 /// for a text of some megabytes of "&", and hands each line to the device on its own.
 ///
-/// A document that will hold many elements is best printed while it is being built.
+/// A document that will hold many elements should be printed while it is being built, to save memory.
 class Printer
 {
 public:
@@ -31,7 +31,7 @@ public:
     void printFinished(const QDomDocument &document);
 
     /// Prints what is left of the document, which stays as it is. Closes the device where the text passes
-    /// what is read of a file: nobody shall take it for a whole one.
+    /// what is read of a file, so that the result is not mistaken for a complete file.
     void finish(const QDomDocument &document);
 
 private:

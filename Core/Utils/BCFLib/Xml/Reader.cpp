@@ -58,7 +58,7 @@ bool readDocument(QIODevice *device, QDomDocument *document, const NumerousEleme
     if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
         return false;
     }
-    // Where a host has documents refuse or change names and texts, only a whole document shows which.
+    // Under another policy QDom may drop or change nodes, so nothing is packed.
     const bool acceptsAll = QDomImplementation::invalidDataPolicy() == QDomImplementation::AcceptInvalidChars;
     const bool isWellFormed = parse(device, document, acceptsAll ? numerousElements : NumerousElements());
     if (!isWellFormed) {

@@ -12,7 +12,8 @@ namespace {
 constexpr int windowBits = -15;
 constexpr int memoryLevel = 8;
 
-/// An entry that whoever makes it closes, or the zip. Where memory has ended, QuaZipFile's own destructor throws.
+/// An entry that whoever makes it closes, or the zip. Where memory has ended, QuaZipFile's own destructor
+/// throws.
 class WrittenEntry : public QuaZipFile
 {
 public:
