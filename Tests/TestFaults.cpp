@@ -175,6 +175,9 @@ void TestFaults::anyCallFails()
     QFETCH(bool, isLoad);
     QFETCH(int, call);
     QFETCH(bool, isForGood);
+    if (QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) && call == Allocation) {
+        QSKIP("Qt 6.4 itself crashes where memory ends, as in QList's and QDomElement's own functions");
+    }
 
     const QStringList expected = contents(_model.data());
     // 0 for all is there, 1 for a failure that is told, 2 for one that is not.
