@@ -273,6 +273,8 @@ void TestHostileArchives::xmlFiles_data()
 
     QTest::newRow("more attributes than any element has")
         << nested(1).replace("<a>", "<a" + attributes(300) + ">") << false;
+    QTest::newRow("quotation marks in a long value")
+        << nested(1).replace("<a>", "<a b=\"" + QByteArray("don't").repeated(9000) + "\">") << true;
     QTest::newRow("ten million attributes")
         << nested(1, "<a" + QByteArray(" a=''").repeated(10000000)) << false;
     QTest::newRow("an attribute twice") << nested(1).replace("<a>", "<a b='' b=''>") << false;
@@ -311,6 +313,7 @@ void TestHostileArchives::texts_data()
         "\xEF\xBB\xBF"
         "1",
         QString(QChar::ByteOrderMark) + "1");
+    row("many of them", QByteArray("\xEF\xBB\xBF").repeated(3), QString(3, QChar::ByteOrderMark));
     row("the end of a section", "a]]>b]]", "a]]>b]]");
     row("ends of lines", "a\r\nb\rc", "a\nb\nc");
 
@@ -326,12 +329,18 @@ void TestHostileArchives::texts_data()
     };
     encoded("latin-1", "iso-8859-1", "", 1, 0);
     encoded("of a code page", "ibm850", "", 1, 0, "\x82");
+    encoded("in another spelling", " Windows_1252 ", "", 1, 0);
+    encoded("of an Apple computer", "x-mac-roman", "", 1, 0, "\x8E");
     encoded("UTF-8 that says otherwise", "utf-16", "", 1, 0, "\xC3\xA9");
     encoded("UTF-8 that says what only this computer knows", "wchar_t", "", 1, 0, "\xC3\xA9");
     encoded("UTF-8 that says nonsense", "nonsense", "", 1, 0, "\xC3\xA9");
     encoded("UTF-8 that says otherwise behind a mark", "iso-8859-1", "\xEF\xBB\xBF", 1, 0, "\xC3\xA9");
     encoded("UTF-16 that says otherwise", "UTF-8", "\xFF\xFE", 2, 0);
     encoded("UTF-32 behind a mark", "UTF-32", QByteArray("\0\0\xFE\xFF", 4), 4, 3);
+    QTest::newRow("what Windows adds to Shift-JIS")
+        << QByteArray("<?xml version='1.0' encoding='Shift_JIS'?><Version><DetailedVersion>C:\\\x87\x40~"
+                      "</DetailedVersion></Version>")
+        << u8"C:\\\u2460~";
     QTest::newRow("half a character at the end") << QByteArray("<Version/>\xEF\xBF") << QString();
 }
 

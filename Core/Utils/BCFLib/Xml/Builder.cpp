@@ -105,7 +105,9 @@ bool Builder::parse(std::string_view text, bool isLast)
     return status == XML_STATUS_OK && !_isRefused && !holdsTooManyAttributes(text);
 }
 
-/// A tag comes as a whole, whatever it holds: what makes it long is looked at before it ends.
+/// Whether the tag at the end of what was parsed holds too many attributes.
+///
+/// The parser tells of a tag once it is complete, and keeps it in memory until then.
 bool Builder::holdsTooManyAttributes(std::string_view text)
 {
     const qint64 size = static_cast<qint64>(text.size());
@@ -117,15 +119,21 @@ bool Builder::holdsTooManyAttributes(std::string_view text)
     const bool isTag = context != nullptr && offset + 1 < contextSize && context[offset] == '<'
         && context[offset + 1] != '!' && context[offset + 1] != '?';
     if (!isTag || unfinished <= size) {
-        _quotes = 0;
+        _values = 0;
+        _openQuote = '\0';
     }
     if (!isTag) {
         return false;
     }
-    const auto end = text.end();
-    const auto begin = end - qMin(unfinished, size);
-    _quotes += std::count(begin, end, '"') + std::count(begin, end, '\'');
-    return _quotes > 2 * Limits::xmlAttributes;
+    for (const char c : text.substr(static_cast<std::size_t>(size - qMin(unfinished, size)))) {
+        if (_openQuote == '\0' && (c == '"' || c == '\'')) {
+            _openQuote = c;
+            ++_values;
+        } else if (c == _openQuote) {
+            _openQuote = '\0';
+        }
+    }
+    return _values > Limits::xmlAttributes;
 }
 
 template<class Work>

@@ -72,8 +72,10 @@ private:
     ReadBudget *_budget;
     qint64 _nodes = 0;
     qint64 _bytes = 0;
-    /// Quotation marks in a tag that has not ended yet.
-    qint64 _quotes = 0;
+    /// The values in a tag that has not ended yet.
+    qint64 _values = 0;
+    /// What the value that has not ended yet began with; NUL between values.
+    char _openQuote = '\0';
     bool _isRefused = false;
     std::exception_ptr _exception;
 };

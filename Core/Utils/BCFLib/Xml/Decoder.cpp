@@ -1,10 +1,11 @@
 #include "Decoder.h"
 
+#include "Encodings.h"
+
 #include <QByteArray>
 #include <QChar>
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cerrno>
 #include <new>
 
@@ -76,12 +77,7 @@ QByteArray declaredEncoding(std::string_view bytes)
     }
     const std::string_view value = declaration.substr(begin + 1);
     const std::string_view name = value.substr(0, value.find(declaration[begin]));
-    // The C library takes more for a name, and nothing for the encoding of the user's own files.
-    const bool isName = std::all_of(name.begin(), name.end(), [](char c) {
-        return std::isalnum(static_cast<unsigned char>(c)) != 0
-            || std::string_view("._-:").find(c) != std::string_view::npos;
-    });
-    return isName ? QByteArray(name.data(), static_cast<int>(name.size())).toUpper() : QByteArray();
+    return Xml::iconvName(QByteArray(name.data(), static_cast<int>(name.size())));
 }
 
 /// What has to be looked at more closely.

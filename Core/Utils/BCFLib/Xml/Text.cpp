@@ -35,9 +35,9 @@ QString Xml::writableText(const QString &text)
 
 QString Xml::fromUtf8(std::string_view utf8)
 {
+    // QString takes a byte order mark at the beginning away.
     const QString text = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
-    const bool isCut = utf8.substr(0, 3) == "\xEF\xBB\xBF";
-    return isCut ? QChar(QChar::ByteOrderMark) + fromUtf8(utf8.substr(3)) : text;
+    return utf8.substr(0, 3) == "\xEF\xBB\xBF" ? QChar(QChar::ByteOrderMark) + text : text;
 }
 
 QString Xml::detached(const QString &text)

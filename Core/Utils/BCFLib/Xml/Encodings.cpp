@@ -1,0 +1,67 @@
+#include "Encodings.h"
+
+#include <cctype>
+
+namespace BCFLib {
+
+namespace {
+
+struct Alias
+{
+    const char *name;
+    const char *iconvName;
+};
+
+/// Names without all but letters and digits.
+constexpr Alias aliases[] = {
+    {"SHIFTJIS", "CP932"},      {"SJIS", "CP932"},           {"XSJIS", "CP932"},
+    {"MSKANJI", "CP932"},       {"GB2312", "GB18030"},       {"EUCCN", "GB18030"},
+    {"GBK", "GB18030"},         {"EUCKR", "CP949"},          {"KSC5601", "CP949"},
+    {"KSC56011987", "CP949"},   {"BIG5", "CP950"},           {"MACROMAN", "MACINTOSH"},
+    {"XMACROMAN", "MACINTOSH"}, {"APPLEROMAN", "MACINTOSH"}, {"XMACCYRILLIC", "MAC-CYRILLIC"},
+};
+
+/// Families of encodings, of which each has a number.
+constexpr Alias families[] = {
+    {"ISO8859", "ISO-8859-"}, {"8859", "ISO-8859-"}, {"WINDOWS", "CP"}, {"DOS", "CP"}, {"CP", "CP"},
+};
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+} // namespace
+
+QByteArray Xml::iconvName(const QByteArray &name)
+{
+    const QByteArray trimmed = name.trimmed();
+    QByteArray key;
+    for (const char c : trimmed) {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
+            key += c;
+        } else if (QByteArray("._-: ").indexOf(c) < 0) {
+            // iconv takes "//IGNORE" and the like for a part of a name.
+            return QByteArray();
+        }
+    }
+    key = key.toUpper();
+    for (const Alias &alias : aliases) {
+        if (key == alias.name) {
+            return alias.iconvName;
+        }
+    }
+    for (const Alias &family : families) {
+        const QByteArray number = key.mid(static_cast<int>(qstrlen(family.name)));
+        if (key.startsWith(family.name) && !number.isEmpty() && isDigit(number.front())) {
+            int length = 0;
+            while (length < number.size() && isDigit(number.at(length))) {
+                ++length;
+            }
+            return family.iconvName + number.left(length);
+        }
+    }
+    return trimmed.toUpper();
+}
+
+} // namespace BCFLib
