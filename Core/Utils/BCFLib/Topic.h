@@ -246,7 +246,8 @@ protected:
     void writeComments(QDomDocument &doc, QDomElement &parent);
     /// Appends an entry with the file names for each viewpoint, as viewpointEntryNames() gives them.
     void writeViewpoints(QDomDocument &doc, QDomElement &parent);
-    /// Writes the stored image of that guid; false if there is none or the write fails.
+    /// Writes the stored image of that guid; false if there is none, it is larger than what a load takes, or
+    /// the write fails.
     bool writeSnaphot(const QString &guid, QIODevice *device);
 
     /// A new comment of the class that the model's version calls for.

@@ -36,10 +36,10 @@ QSharedPointer<BCFModel> BCFModel::Deserialize(const QString &path,
     QSharedPointer<BCFModel> model;
     QString outOfMemory;
     try {
+        outOfMemory = tr("Not enough memory to load file \"%1\"").arg(path);
+        model.reset(new BCFModel);
         // The step of the final close.
         progress.addMax(1);
-        model.reset(new BCFModel);
-        outOfMemory = tr("Not enough memory to load file \"%1\"").arg(path);
         model->readArchive(path, progress);
     } catch (const std::bad_alloc &) {
         if (model != nullptr) {

@@ -46,14 +46,22 @@ std::set<QString> attachedFiles(const QList<Topic *> &topics)
 
 bool isSameFile(const QString &path, const QString &other)
 {
+    // A path may begin with a name that stands for several folders, see QDir::setSearchPaths().
+    const auto resolved = [](const QString &path) { return nativePath(QFileInfo(path).absoluteFilePath()); };
     std::error_code isMissing;
-    return std::filesystem::equivalent(nativePath(path), nativePath(other), isMissing);
+    return std::filesystem::equivalent(resolved(path), resolved(other), isMissing);
+}
+
+/// The name in the archive is that which the markup tells, and a markup can't tell every character.
+QString attachmentName(const QString &path)
+{
+    return Xml::writableText(QFileInfo(path).fileName());
 }
 
 /// Whether an archive at @p path can hold a file, whose name in it is given, with no harm to either.
 bool canHold(const QString &path, const QString &attachment)
 {
-    const QString name = QFileInfo(attachment).fileName();
+    const QString name = attachmentName(attachment);
     return !EntryNames::areAlike(name, versionName) && !EntryNames::areAlike(name, projectName)
         && !isSameFile(attachment, path);
 }
@@ -69,7 +77,7 @@ QStringList foldersOf(const QList<Topic *> &topics)
     }
     QStringList taken{versionName, projectName};
     for (const QString &path : attachedFiles(topics)) {
-        taken.append(QFileInfo(path).fileName());
+        taken.append(attachmentName(path));
     }
     return EntryNames::distinct(wishes, taken);
 }
@@ -93,7 +101,8 @@ bool BCFModel::serialize(const QString &path)
             return false;
         }
         zip.close();
-        return zip.getZipError() == ZIP_OK && file.isSound();
+        // A device that takes everything keeps nothing.
+        return zip.getZipError() == ZIP_OK && file.isSound() && file.size() > 0;
     } catch (const std::bad_alloc &) {
         return false;
     }
@@ -163,7 +172,7 @@ bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
             && readToEnd(&file, Limits::attachmentBytes, &bytes) == ReadOutcome::Complete
             && device->write(bytes) == bytes.size();
     };
-    return EntryWriter::writeBytes(zip, QFileInfo(path).fileName(), write);
+    return EntryWriter::writeBytes(zip, attachmentName(path), write);
 }
 
 } // namespace BCFLib

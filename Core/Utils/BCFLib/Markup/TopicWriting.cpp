@@ -5,6 +5,7 @@
 #include "DocumentReference.h"
 #include "File.h"
 #include "Io/CacheFolder.h"
+#include "Io/Limits.h"
 #include "RelatedTopic.h"
 #include "Viewpoint.h"
 #include "Xml/Elements.h"
@@ -161,7 +162,8 @@ QStringList Topic::viewpointEntryNames() const
 bool Topic::writeSnaphot(const QString &guid, QIODevice *device)
 {
     const QByteArray *image = snapshot(guid);
-    return device != nullptr && image != nullptr && device->write(*image) != -1;
+    return device != nullptr && image != nullptr && image->size() <= Limits::snapshotBytes
+        && device->write(*image) != -1;
 }
 
 } // namespace BCFLib
