@@ -1,13 +1,7 @@
 #include "TestArchive.h"
 
-#include <Comment.h>
-#include <Line.h>
-#include <Topic.h>
-#include <Viewpoint.h>
-
 #include <QRandomGenerator>
 #include <QSignalBlocker>
-#include <QTest>
 #include <QTimer>
 
 using namespace BCFLib;

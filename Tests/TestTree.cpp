@@ -42,7 +42,6 @@ private slots:
     void linksGoNullWithTheirTargets();
     void componentsLeaveEveryListThatHeldThem();
     void aListHoldsAGuidOnce();
-    void aCameraCountsUnlessItsScaleIsZero();
 
 private:
     QSharedPointer<BCFModel> _model;
@@ -208,18 +207,6 @@ void TestTree::aListHoldsAGuidOnce()
     delete list.getComponent("a");
     delete list.getComponent("b");
     QCOMPARE(list.components().size(), 1);
-}
-
-void TestTree::aCameraCountsUnlessItsScaleIsZero()
-{
-    Viewpoint viewpoint("v", nullptr);
-    viewpoint.setPerspectiveCamera(BCFLib::PerspectiveCamera());
-    BCFLib::OrthogonalCamera camera;
-    for (const double scale : {qQNaN(), 0.0}) {
-        camera.viewToWorldScale = scale;
-        viewpoint.setOrthogonalCamera(camera);
-        QCOMPARE(viewpoint.whichCameraIsSet(), scale == 0.0 ? 1 : 3);
-    }
 }
 
 QTEST_GUILESS_MAIN(TestTree)

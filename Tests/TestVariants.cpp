@@ -1,5 +1,7 @@
 #include "TestArchive.h"
 
+#include <Core/Utils/QtCoreTools/Boolean.h>
+#include <Core/Utils/Utility/Vec3dVariant.h>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -85,6 +87,9 @@ class TestVariants : public QObject
     Q_OBJECT
 
 private slots:
+    void truthOfVariants_data();
+    void truthOfVariants();
+    void vectorsOfMaps();
     void topics_data();
     void topics();
     void folding_data();
@@ -95,6 +100,58 @@ private slots:
     void liveTopic();
     void datesAndBytes();
 };
+
+void TestVariants::truthOfVariants_data()
+{
+    QTest::addColumn<QVariant>("variant");
+    QTest::addColumn<Tavrin::Boolean>("truth");
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QVariant nullBool(QVariant::Bool);
+#else
+    const QVariant nullBool(QMetaType::fromType<bool>());
+#endif
+    QTest::newRow("true is true") << QVariant(true) << Tavrin::BooleanTrue;
+    QTest::newRow("false is false") << QVariant(false) << Tavrin::BooleanFalse;
+    QTest::newRow("1 is the text of true") << QVariant("1") << Tavrin::BooleanTrue;
+    QTest::newRow("0 is the text of false") << QVariant("0") << Tavrin::BooleanFalse;
+    QTest::newRow("case and blanks don't matter") << QVariant("\n TRUE ") << Tavrin::BooleanTrue;
+    QTest::newRow("nor for false") << QVariant(" False\t") << Tavrin::BooleanFalse;
+    QTest::newRow("another text says nothing") << QVariant("yes") << Tavrin::BooleanUnset;
+    QTest::newRow("a longer number is another text") << QVariant("10") << Tavrin::BooleanUnset;
+    QTest::newRow("an empty text says nothing") << QVariant("") << Tavrin::BooleanUnset;
+    QTest::newRow("no variant says nothing") << QVariant() << Tavrin::BooleanUnset;
+    QTest::newRow("a null bool says nothing") << nullBool << Tavrin::BooleanUnset;
+    QTest::newRow("a number below 1 is true") << QVariant(0.25) << Tavrin::BooleanTrue;
+    QTest::newRow("a zero is false") << QVariant(qlonglong(0)) << Tavrin::BooleanFalse;
+    QTest::newRow("a list says nothing") << QVariant(QVariantList{true}) << Tavrin::BooleanUnset;
+    QTest::newRow("a Boolean stays, though its number is 0")
+        << QVariant::fromValue(Tavrin::BooleanTrue) << Tavrin::BooleanTrue;
+}
+
+void TestVariants::truthOfVariants()
+{
+    QFETCH(QVariant, variant);
+    QFETCH(Tavrin::Boolean, truth);
+
+    QCOMPARE(Tavrin::fromVariant(variant), truth);
+    QCOMPARE(Tavrin::toBool(truth), truth == Tavrin::BooleanTrue);
+    if (variant.userType() == QMetaType::QString) {
+        QCOMPARE(Tavrin::toBoolean(variant.toString()), truth);
+        QCOMPARE(Tavrin::toBool(variant.toString()), truth == Tavrin::BooleanTrue);
+    }
+}
+
+void TestVariants::vectorsOfMaps()
+{
+    const auto fromMap = [](const QVariant &y) { return Tavrin::Vec3dFromQVariant({{"x", 1.0}, {"y", y}}); };
+    QVERIFY(Tavrin::Vec3dFromQVariant({{"x", 1.0}}) == osg::Vec3d(1.0, 0.0, 0.0));
+    QVERIFY(fromMap("2m") == osg::Vec3d(1.0, 0.0, 0.0));
+    QVERIFY(fromMap("2.5") == osg::Vec3d(1.0, 2.5, 0.0));
+    const osg::Vec3d vector(0.1, -std::numeric_limits<double>::max(), 5e-324);
+    QVERIFY(Tavrin::Vec3dFromQVariant(Tavrin::Vec3dToQVariant(vector)) == vector);
+    QCOMPARE(Tavrin::Vec3dToQVariant(vector).keys(), QStringList({"x", "y", "z"}));
+}
 
 void TestVariants::topics_data()
 {
