@@ -1,7 +1,31 @@
 #include "Browser.h"
-#include "DiskLimit.h"
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace {
+
+/// Below this limit on the size of a file, writing fails as on a full disk.
+class DiskLimit
+{
+public:
+    explicit DiskLimit(qint64 bytes)
+        : _handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &_before);
+        const rlimit limit{static_cast<rlim_t>(bytes), _before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~DiskLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &_before);
+        std::signal(SIGXFSZ, _handler);
+    }
+
+private:
+    void (*_handler)(int);
+    rlimit _before{};
+};
 
 const QByteArray fields = "<Title>T</Title><CreationAuthor>a</CreationAuthor>"
                           "<CreationDate>2024-01-01T00:00:00Z</CreationDate>";
