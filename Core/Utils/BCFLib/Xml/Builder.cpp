@@ -12,7 +12,7 @@
 namespace BCFLib {
 namespace Xml {
 
-/// What the parser calls. Nothing may be thrown through it.
+/// What the parser calls. No exception may leave them, as expat is C.
 struct Callbacks
 {
     static Builder *builder(void *data) { return static_cast<Builder *>(data); }
@@ -62,9 +62,12 @@ struct Callbacks
     {
         builder(data)->refuse();
     }
-    static void attributeDeclaration(void *data, const char *, const char *, const char *, const char *, int)
+    static void attributeDeclaration(void *data, const char *, const char *, const char *,
+                                     const char *defaultValue, int)
     {
-        builder(data)->refuse();
+        if (defaultValue != nullptr) {
+            builder(data)->refuse();
+        }
     }
 };
 
@@ -86,7 +89,7 @@ Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousE
     XML_SetCommentHandler(parser, Callbacks::comment);
     XML_SetProcessingInstructionHandler(parser, Callbacks::instruction);
     XML_SetSkippedEntityHandler(parser, Callbacks::unknownEntity);
-    // As if there were declarations elsewhere, so that an unknown entity is no error.
+    // Pretend that there is an external DTD, so that an undeclared entity is not an error.
     XML_UseForeignDTD(parser, XML_TRUE);
     XML_SetEntityDeclHandler(parser, Callbacks::entityDeclaration);
     XML_SetAttlistDeclHandler(parser, Callbacks::attributeDeclaration);
@@ -225,7 +228,7 @@ void Builder::addText(const char *text, int length)
     int offset = 0;
     int size = 0;
     const char *context = XML_GetInputContext(_parser.get(), &offset, &size);
-    // Somebody who writes a blank as a reference means it.
+    // White space that is written as a reference is meant.
     _isSolid |= context != nullptr && context[offset] == '&';
     _text.append(text, static_cast<std::size_t>(length));
 }

@@ -80,7 +80,7 @@ QByteArray declaredEncoding(std::string_view bytes)
     return Xml::iconvName(QByteArray(name.data(), static_cast<int>(name.size())));
 }
 
-/// What has to be looked at more closely.
+/// Kinds of bytes that need processing.
 enum Kind : unsigned char { Plain, NotAscii = 1, Control = 2, Markup = 4 };
 
 unsigned char kindsIn(std::string_view text)
@@ -199,7 +199,7 @@ std::string_view Xml::Decoder::decode(std::string_view bytes, bool isLast)
     if (isPlain(bytes)) {
         return bytes;
     }
-    appendUtf8(bytes, isLast);
+    appendUtf8(bytes);
     replaceUnreadable(isLast);
     return _output;
 }
@@ -225,11 +225,11 @@ void Xml::Decoder::begin()
         openConverter(encoding.constData());
         _isUtf8 = _converter == nullptr || (form == nullptr && !extendsAscii());
     }
-    appendUtf8({}, false);
+    appendUtf8({});
     skipDeclaration();
 }
 
-/// Nothing has to be known of it any more, and what tools write into it is odd at times.
+/// Drops the XML declaration: the encoding is known, and some tools write invalid ones.
 void Xml::Decoder::skipDeclaration()
 {
     std::string_view text = _text;
@@ -257,7 +257,7 @@ void Xml::Decoder::openConverter(const char *encoding)
     }
 }
 
-/// Whether a declaration can be in the encoding, which the name of a wide one can't say.
+/// Whether the encoding extends ASCII. Else the declaration is wrong, since it was read as ASCII.
 bool Xml::Decoder::extendsAscii() const
 {
     std::string ascii = "<?xml";
@@ -272,8 +272,8 @@ bool Xml::Decoder::extendsAscii() const
 }
 
 /// Appends UTF-8, with what is no text of XML replaced, and gives the number of bytes that were used: fewer
-/// only if more may come and the last could be the beginning of a character.
-std::size_t Xml::Decoder::appendText(std::string_view utf8, bool isLast)
+/// only if it is not complete and its last bytes could be the beginning of a character.
+std::size_t Xml::Decoder::appendText(std::string_view utf8, bool isComplete)
 {
     std::size_t done = 0;
     for (;;) {
@@ -281,11 +281,11 @@ std::size_t Xml::Decoder::appendText(std::string_view utf8, bool isLast)
         const std::size_t length = lengthOfUtf8(rest);
         appendWithoutControls(rest.substr(0, length));
         done += length;
-        if (done == utf8.size() || (utf8.size() - done < 4 && !isLast)) {
+        if (done == utf8.size() || (utf8.size() - done < 4 && !isComplete)) {
             return done;
         }
         _text += replacement;
-        // Of a character that is whole but no text, all of it.
+        // A whole noncharacter (U+FFFE, U+FFFF) is replaced once.
         const std::string_view bad = rest.substr(length);
         const bool isNoText = startsWith(bad, "\xEF\xBF\xBE") || startsWith(bad, "\xEF\xBF\xBF");
         done += isNoText ? 3 : 1;
@@ -304,11 +304,12 @@ void Xml::Decoder::appendWithoutControls(std::string_view text)
     }
 }
 
-/// Appends the bytes that were held back and these to the text, as far as they are whole characters.
-void Xml::Decoder::appendUtf8(std::string_view bytes, bool isLast)
+/// Appends the bytes that were held back and these to the text, as far as they are whole characters. Half a
+/// character at the end of a file is never used: no text can stand there.
+void Xml::Decoder::appendUtf8(std::string_view bytes)
 {
     _bytes += bytes;
-    std::size_t done = _isUtf8 ? appendText(_bytes, isLast) : 0;
+    std::size_t done = _isUtf8 ? appendText(_bytes, false) : 0;
     while (!_isUtf8 && done < _bytes.size()) {
         std::array<char, 4096> piece;
         char *in = &_bytes[done];
@@ -320,10 +321,10 @@ void Xml::Decoder::appendUtf8(std::string_view bytes, bool isLast)
         // Some converters let numbers through that are no characters.
         appendText({piece.data(), piece.size() - room}, true);
         done = _bytes.size() - left;
-        if (error == EINVAL && !isLast) {
+        if (error == EINVAL) {
             break;
         }
-        if (error == EILSEQ || error == EINVAL) {
+        if (error == EILSEQ) {
             _text += replacement;
             ++done;
         }
@@ -367,7 +368,7 @@ void Xml::Decoder::replaceUnreadable(bool isLast)
             break;
         }
         if (startsWith(rest, sectionEnd)) {
-            // Malformed, but what it means is plain.
+            // Malformed, but unambiguous.
             _output += "]]&gt;";
             at += sectionEnd.size();
             continue;

@@ -31,9 +31,9 @@ private:
     void skipDeclaration();
     void openConverter(const char *encoding);
     bool extendsAscii() const;
-    std::size_t appendText(std::string_view utf8, bool isLast);
+    std::size_t appendText(std::string_view utf8, bool isComplete);
     void appendWithoutControls(std::string_view text);
-    void appendUtf8(std::string_view bytes, bool isLast);
+    void appendUtf8(std::string_view bytes);
     void replaceUnreadable(bool isLast);
 
     /// Bytes and text that were held back.
