@@ -174,11 +174,23 @@ void TestLargeFiles::savesTakeLittleMemory()
 
 void TestLargeFiles::savesThatNobodyCouldRead()
 {
+    constexpr int mega = 1 << 20;
     const TestArchive archive;
     const QSharedPointer<BCFModel> model = modelWith("2.1", 1);
+    Topic *topic = model->topics().first();
+    const auto check = [&](const std::function<void(int)> &set, int most) {
+        set(most + most / 200);
+        QVERIFY(!model->serialize(archive.path()));
+        set(most);
+        QVERIFY(model->serialize(archive.path()));
+        set(1);
+    };
     // In a file each of these takes six bytes.
-    model->topics().first()->setTopicType(QString(256 * 1024 * 1024 / 6, '"'));
-    QVERIFY(!model->serialize(archive.path()));
+    check([=](int count) { topic->setTopicType(QString(count, '"')); }, 256 * mega / 6 - mega / 6);
+    check([=](int count) { topic->viewpoint("v")->setSnapshot(QByteArray(count, '\0')); }, 256 * mega);
+    // Of labels the archive as a whole can hold fewer than a file.
+    check([=](int count) { topic->setLabels(QVector<QString>(count, "a").toList()); }, 2250000);
+    QCOMPARE(TestArchive::load(archive.path())->topic("t")->labels().size(), 2250000);
 }
 
 void TestLargeFiles::longListsAreSavedAsShortOnesAre()

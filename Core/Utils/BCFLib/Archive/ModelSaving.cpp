@@ -101,8 +101,11 @@ bool BCFModel::serialize(const QString &path)
             return false;
         }
         zip.close();
+        // A load looks for a project also where there is none.
+        file.budget()->lookUp(projectName);
+        file.budget()->setArchiveSize(file.size());
         // A device that takes everything keeps nothing.
-        return zip.getZipError() == ZIP_OK && file.isSound() && file.size() > 0;
+        return zip.getZipError() == ZIP_OK && file.isSound() && file.size() > 0 && !file.budget()->isSpent();
     } catch (const std::bad_alloc &) {
         return false;
     }

@@ -5,8 +5,8 @@
 
 namespace BCFLib {
 
-/// Bounds on what one entry of an archive may cost. Archives come from strangers; each bound is far
-/// above anything that the field has seen and far below what takes a process down.
+/// Bounds on what an archive may cost, as archives come from strangers: each is far above what archives of
+/// the field need.
 namespace Limits {
 
 /// Bytes of one XML file. A viewpoint of 308,000 elements takes some 50 MB.
@@ -30,18 +30,15 @@ constexpr qint64 snapshotBytes = 256LL * 1024 * 1024;
 /// Bytes of one attachment: what a QByteArray can hold with its own bookkeeping.
 constexpr qint64 attachmentBytes = 2LL * 1024 * 1024 * 1024 - 64;
 
-/// What the entries of one archive may cost together, in bytes that they unpack to: so many, and this much
-/// for each byte of the archive's own. Deflate packs what tools write to between a third and a fiftieth;
-/// entries that share their bytes, or that a markup names a thousand times, would bring any number.
-constexpr qint64 archiveBytes = xmlBytes;
-constexpr qint64 archiveGrowth = 64;
-
-/// What a packed byte that is read costs: it can unpack to nothing, and take as long as so many that come
-/// out.
-constexpr qint64 packedByteCost = 8;
+/// What the entries of one archive may cost together: so much, and so much more for each byte of the
+/// archive. The unit is a byte that comes out of an entry. Deflate packs what tools write to between a third
+/// and a fiftieth; entries that share their bytes, or that a markup names a thousand times, would bring any
+/// number.
+constexpr qint64 archiveCost = 256LL * 1024 * 1024;
+constexpr qint64 archiveCostPerByte = 64;
 
 /// What opening an entry costs.
-constexpr qint64 openingCost = 2048;
+constexpr qint64 entryCost = 2048;
 
 /// What an element, an attribute or another node of an XML file costs: the objects that come of one take up
 /// to four times as much memory.
@@ -49,6 +46,12 @@ constexpr qint64 nodeCost = 96;
 
 /// What an element within one of the numerous elements costs, which becomes no object of its own.
 constexpr qint64 innerNodeCost = 32;
+
+/// How many bytes of one archive are read: so many, and so many more for each byte of the archive. An
+/// archive is read once, its directory a few times. But packed bytes can unpack to nothing, and take as
+/// long as ten times as many that come out.
+constexpr qint64 archiveReads = 4LL * 1024 * 1024;
+constexpr qint64 archiveReadsPerByte = 8;
 
 } // namespace Limits
 } // namespace BCFLib

@@ -22,13 +22,6 @@ namespace BCFLib {
 
 namespace {
 
-/// The elements of a markup file of which there may be many.
-Xml::NumerousElements numerousElements()
-{
-    return {"Comment",   "Header/File", "Topic/Labels", "Topic/DocumentReference", "Topic/RelatedTopics",
-            "Viewpoints"};
-}
-
 /// Whether an archive of that version is held in the classes of versions 2.0 and 1.0.
 bool usesListForm(const QString &version)
 {
@@ -54,7 +47,7 @@ QMap<QString, T *> firstByGuid(const QList<T *> &objects)
 Topic *Topic::Deserialize(QIODevice *device, QStringList &files, const QString &version)
 {
     QDomDocument doc(QStringLiteral("markup.xml"));
-    if (device == nullptr || !Xml::readDocument(device, &doc, numerousElements())) {
+    if (device == nullptr || !Xml::readDocument(device, &doc, Xml::NodeCount::Runs::OfNumerousElements)) {
         return nullptr;
     }
     std::unique_ptr<Topic> topic(new Topic(QString(), QString(), QDateTime(), QString(), nullptr));

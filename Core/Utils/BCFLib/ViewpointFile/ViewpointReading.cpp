@@ -14,18 +14,6 @@ namespace BCFLib {
 
 namespace {
 
-/// The elements of a viewpoint file of which there may be many, in either form of the references.
-Xml::NumerousElements numerousElements()
-{
-    return {"Bitmaps",
-            "ClippingPlanes/ClippingPlane",
-            "Components/Component",
-            "Components/Coloring/Color/Component",
-            "Components/Selection/Component",
-            "Components/Visibility/Exceptions/Component",
-            "Lines/Line"};
-}
-
 /// Stores the number that the child of that name holds; 0 if it is no number. False if there is none.
 bool readNumberElement(const QDomElement &parent, const QString &name, double *value)
 {
@@ -71,10 +59,10 @@ bool readBitmapFormat(const QDomElement &element, BitmapFormat *format)
 
 void Viewpoint::deserialize(QIODevice *device)
 {
+    using Runs = Xml::NodeCount::Runs;
     QDomDocument document;
     if (device == nullptr
-        || !Xml::readDocument(device, &document,
-                              isOwnClass() ? numerousElements() : Xml::NumerousElements())) {
+        || !Xml::readDocument(device, &document, isOwnClass() ? Runs::OfNumerousElements : Runs::None)) {
         return;
     }
     QDomElement root = document.firstChildElement(QStringLiteral("VisualizationInfo"));

@@ -71,12 +71,11 @@ struct Callbacks
     }
 };
 
-Builder::Builder(QDomDocument *document, std::vector<std::string_view> numerousElements, ReadBudget *budget)
+Builder::Builder(QDomDocument *document, NodeCount::Runs runs, ReadBudget *budget)
     : _parser(XML_ParserCreate("UTF-8"), XML_ParserFree)
     , _document(document)
     , _node(*document)
-    , _numerous(std::move(numerousElements))
-    , _budget(budget)
+    , _count(runs, budget)
 {
     XML_Parser parser = _parser.get();
     if (parser == nullptr) {
@@ -160,37 +159,27 @@ void Builder::refuse()
     XML_StopParser(_parser.get(), XML_FALSE);
 }
 
-/// @p cost is what one of the nodes takes from the budget.
-void Builder::count(qint64 nodes, qint64 cost)
+/// Refuses what has become too much.
+bool Builder::isRefused()
 {
-    _nodes += nodes;
-    if (_budget != nullptr) {
-        _budget->spend(cost * nodes);
-    }
-    if (_nodes > Limits::xmlNodes || (_budget != nullptr && _budget->isSpent())) {
+    if (_count.isTooMuch()) {
         refuse();
     }
+    return _isRefused;
 }
 
 void Builder::startElement(const char *name, const char **attributes)
 {
     flushText();
-    const int attributeCount = XML_GetSpecifiedAttributeCount(_parser.get()) / 2;
-    count(1, _runDepth > 0 ? Limits::innerNodeCost : Limits::nodeCost);
-    count(attributeCount, Limits::nodeCost);
-    if (++_depth > Limits::xmlDepth || attributeCount > Limits::xmlAttributes) {
-        refuse();
+    const bool wasInRun = _count.isInRun();
+    _count.beginElement(name, XML_GetSpecifiedAttributeCount(_parser.get()) / 2);
+    if (isRefused()) {
         return;
     }
-    if (_depth > 1) {
-        _path += '/';
-        _path += name;
-    }
-    if (_runDepth > 0 || (isNumerous() && ++_numerousCount > ElementRun::fewElements)) {
-        if (_runDepth == 0 && (_run.size() >= ElementRun::largeRun || _run.name() != name)) {
+    if (_count.isInRun()) {
+        if (!wasInRun && (_run.size() >= ElementRun::largeRun || _run.name() != name)) {
             flushRun();
         }
-        ++_runDepth;
         _run.beginElement(name, attributes);
         return;
     }
@@ -206,21 +195,13 @@ void Builder::startElement(const char *name, const char **attributes)
 void Builder::endElement()
 {
     flushText();
-    if (_runDepth > 0) {
-        --_runDepth;
+    if (_count.isInRun()) {
         _run.endElement();
     } else {
         flushRun();
         _node = _node.parentNode();
     }
-    --_depth;
-    _path.resize(_depth > 0 ? _path.rfind('/') : 0);
-}
-
-bool Builder::isNumerous() const
-{
-    const std::string_view path = std::string_view(_path).substr(_depth > 1 ? 1 : 0);
-    return std::find(_numerous.begin(), _numerous.end(), path) != _numerous.end();
+    _count.endElement();
 }
 
 void Builder::addText(const char *text, int length)
@@ -241,11 +222,13 @@ void Builder::flushText()
     const QString text = fromUtf8(_text);
     const bool isBlank =
         !_isSolid && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
-    if (!isBlank && _runDepth > 0) {
+    if (!isBlank) {
+        _count.addText();
+    }
+    if (!isBlank && _count.isInRun()) {
         _run.addText(_text);
     } else if (!isBlank) {
         flushRun();
-        count(1, Limits::nodeCost);
         append(_document->createTextNode(text));
     }
     _text.clear();
@@ -254,7 +237,7 @@ void Builder::flushText()
 
 void Builder::endCData()
 {
-    if (_runDepth > 0) {
+    if (_count.isInRun()) {
         _run.addText(_text);
     } else {
         addNode(_document->createCDATASection(fromUtf8(std::exchange(_text, {}))));
@@ -267,8 +250,11 @@ void Builder::endCData()
 void Builder::addNode(const QDomNode &node)
 {
     flushText();
-    count(1, Limits::nodeCost);
-    if (_runDepth > 0) {
+    _count.addOtherNode();
+    if (isRefused()) {
+        return;
+    }
+    if (_count.isInRun()) {
         _run.addOtherNode();
     } else {
         flushRun();

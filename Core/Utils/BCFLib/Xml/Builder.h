@@ -3,6 +3,7 @@
 
 #include "ElementRun.h"
 #include "Names.h"
+#include "NodeCount.h"
 
 #include <QDomDocument>
 #include <exception>
@@ -10,11 +11,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace BCFLib {
-
-class ReadBudget;
 
 namespace Xml {
 
@@ -24,9 +22,8 @@ namespace Xml {
 class Builder
 {
 public:
-    /// Appends to @p document. Numerous elements, which are kept in runs, are named by their path below the
-    /// root. Where there is a budget, what comes is taken from it.
-    Builder(QDomDocument *document, std::vector<std::string_view> numerousElements, ReadBudget *budget);
+    /// Appends to @p document, at the cost of @p budget, which may be null.
+    Builder(QDomDocument *document, NodeCount::Runs runs, ReadBudget *budget);
 
     /// Parses the next piece of UTF-8. False, once and for all, if it is malformed or refused.
     bool parse(std::string_view text, bool isLast);
@@ -43,9 +40,8 @@ private:
     template<class Work>
     void run(const Work &work);
     void refuse();
-    void count(qint64 nodes, qint64 cost);
+    bool isRefused();
     bool holdsTooManyAttributes(std::string_view text);
-    bool isNumerous() const;
 
     void append(const QDomNode &node);
     void flushText();
@@ -56,21 +52,12 @@ private:
     Names _names;
     /// The element that is open, or the document.
     QDomNode _node;
-    int _depth = 0;
-    /// The names of the open elements below the root, each with a slash in front.
-    std::string _path;
     /// Text that no node holds yet, and whether it counts though it may be blank.
     std::string _text;
     bool _isSolid = false;
 
-    std::vector<std::string_view> _numerous;
-    int _numerousCount = 0;
     ElementRun _run;
-    /// How many elements of the run are open.
-    int _runDepth = 0;
-
-    ReadBudget *_budget;
-    qint64 _nodes = 0;
+    NodeCount _count;
     qint64 _bytes = 0;
     /// The values in a tag that has not ended yet.
     qint64 _values = 0;

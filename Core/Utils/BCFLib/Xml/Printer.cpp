@@ -1,6 +1,7 @@
 #include "Printer.h"
 
 #include "Io/Limits.h"
+#include "Io/ReadBudget.h"
 
 #include <QDomDocument>
 #include <QIODevice>
@@ -22,6 +23,7 @@ constexpr int enoughToPrint = 50;
 Xml::Printer::Printer(QIODevice *device)
     : _device(device)
     , _text(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"))
+    , _count(NodeCount::Runs::OfNumerousElements, BudgetedDevice::budgetOf(device))
 {
     if (_device != nullptr) {
         _device->setTextModeEnabled(true);
@@ -39,7 +41,7 @@ void Xml::Printer::finish(const QDomDocument &document)
 {
     printChildren(document, 0, true);
     flush();
-    if (_device != nullptr && (_bytes > Limits::xmlBytes || _nodes > Limits::xmlNodes || _isRefused)) {
+    if (_device != nullptr && (_bytes > Limits::xmlBytes || _count.isTooMuch())) {
         _device->close();
     }
 }
@@ -55,9 +57,10 @@ void Xml::Printer::printChildren(QDomNode parent, int depth, bool isFinished)
             printElement(node.toElement(), depth, isNodeFinished);
         } else if (isNodeFinished) {
             _isAfterText = node.isText();
-            if (_isAfterText) {
-                printEscaped(node.nodeValue(), Place::Content);
-                ++_nodes;
+            const QString text = node.nodeValue();
+            if (_isAfterText && !text.isEmpty()) {
+                _count.addText();
+                printEscaped(text, Place::Content);
             }
         }
         if (isNodeFinished && !isFinished) {
@@ -82,6 +85,7 @@ void Xml::Printer::printElement(const QDomElement &element, int depth, bool isFi
         return;
     }
     --_openElements;
+    _count.endElement();
     if (hasChildren) {
         if (!element.lastChild().isText()) {
             indent(depth);
@@ -110,8 +114,8 @@ void Xml::Printer::printStartTag(const QDomElement &element, int depth)
     _text += QLatin1String(first.isNull() ? "/>" : first.isText() ? ">" : ">\n");
     _isAfterText = false;
     ++_openElements;
-    _nodes += 1 + attributes.count();
-    _isRefused |= attributes.count() > Limits::xmlAttributes || _openElements > Limits::xmlDepth;
+    const QByteArray name = _count.isInRun() ? QByteArray() : element.tagName().toUtf8();
+    _count.beginElement({name.constData(), static_cast<std::size_t>(name.size())}, attributes.count());
 }
 
 void Xml::Printer::printAttributes(const QDomNamedNodeMap &attributes)

@@ -1,6 +1,8 @@
 #ifndef BCFLIB_XML_PRINTER_H
 #define BCFLIB_XML_PRINTER_H
 
+#include "NodeCount.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -58,9 +60,7 @@ private:
     int _calls = 0;
 
     qint64 _bytes = 0;
-    qint64 _nodes = 0;
-    /// Nested too deep, or too many attributes.
-    bool _isRefused = false;
+    NodeCount _count;
 };
 
 /// Writes a document that is complete.

@@ -31,20 +31,28 @@ std::string_view readBlock(QIODevice *device, std::vector<char> *block)
     return {block->data(), length};
 }
 
-bool parse(QIODevice *device, QDomDocument *document, const NumerousElements &numerousElements)
+bool parse(QIODevice *device, QDomDocument *document, NodeCount::Runs runs)
 {
     // A document is null, and nothing to append to, until it makes a node.
     document->createTextNode(QString());
     Decoder decoder;
-    const auto *budgeted = dynamic_cast<BudgetedDevice *>(device);
-    Builder builder(document, numerousElements, budgeted != nullptr ? budgeted->budget() : nullptr);
+    ReadBudget *budget = BudgetedDevice::budgetOf(device);
+    Builder builder(document, runs, budget);
     std::vector<char> block(blockSize);
     qint64 bytes = 0;
+    qint64 textBytes = 0;
     for (bool isLast = false; !isLast;) {
         const std::string_view piece = readBlock(device, &block);
-        bytes += static_cast<qint64>(piece.size());
         isLast = piece.size() < block.size();
-        if (bytes > Limits::xmlBytes || !builder.parse(decoder.decode(piece, isLast), isLast)) {
+        const std::string_view text = decoder.decode(piece, isLast);
+        bytes += static_cast<qint64>(piece.size());
+        textBytes += static_cast<qint64>(text.size());
+        // In other encodings than UTF-8 a text can take a third of the bytes.
+        if (budget != nullptr && textBytes > bytes) {
+            budget->spend(textBytes - bytes);
+        }
+        bytes = qMax(bytes, textBytes);
+        if (bytes > Limits::xmlBytes || !builder.parse(text, isLast)) {
             return false;
         }
     }
@@ -53,14 +61,14 @@ bool parse(QIODevice *device, QDomDocument *document, const NumerousElements &nu
 
 } // namespace
 
-bool readDocument(QIODevice *device, QDomDocument *document, const NumerousElements &numerousElements)
+bool readDocument(QIODevice *device, QDomDocument *document, NodeCount::Runs runs)
 {
     if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
         return false;
     }
     // Under another policy QDom may drop or change nodes, so nothing is packed.
     const bool acceptsAll = QDomImplementation::invalidDataPolicy() == QDomImplementation::AcceptInvalidChars;
-    const bool isWellFormed = parse(device, document, acceptsAll ? numerousElements : NumerousElements());
+    const bool isWellFormed = parse(device, document, acceptsAll ? runs : NodeCount::Runs::None);
     if (!isWellFormed) {
         *document = QDomDocument();
     }

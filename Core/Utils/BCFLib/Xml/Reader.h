@@ -1,17 +1,13 @@
 #ifndef BCFLIB_XML_READER_H
 #define BCFLIB_XML_READER_H
 
-#include <string_view>
-#include <vector>
+#include "NodeCount.h"
 
 class QDomDocument;
 class QIODevice;
 
 namespace BCFLib {
 namespace Xml {
-
-/// Paths of names below the root of a file, as in "Lines/Line".
-using NumerousElements = std::vector<std::string_view>;
 
 /// Parses @p device, which is opened for reading if it is closed, without namespace processing.
 ///
@@ -24,7 +20,7 @@ using NumerousElements = std::vector<std::string_view>;
 /// takeChildren().
 ///
 /// Throws std::bad_alloc where memory ends.
-bool readDocument(QIODevice *device, QDomDocument *document, const NumerousElements &numerousElements = {});
+bool readDocument(QIODevice *device, QDomDocument *document, NodeCount::Runs runs = NodeCount::Runs::None);
 
 } // namespace Xml
 } // namespace BCFLib

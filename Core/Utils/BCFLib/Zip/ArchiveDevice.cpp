@@ -15,8 +15,8 @@ constexpr qint64 blockSize = 16LL * 1024;
 ArchiveDevice::ArchiveDevice(const QString &path)
     : _file(path)
     , _bytes(new char[static_cast<size_t>(blockSize) * _slots.size()])
-    , _budget(_file.size())
 {
+    _budget.setArchiveSize(_file.size());
 }
 
 ArchiveDevice::~ArchiveDevice() = default;
@@ -53,7 +53,7 @@ qint64 ArchiveDevice::size() const
     return _size;
 }
 
-ReadBudget *ArchiveDevice::budget() const
+ReadBudget *ArchiveDevice::budget()
 {
     return &_budget;
 }
@@ -84,7 +84,7 @@ qint64 ArchiveDevice::readData(char *data, qint64 maxSize)
         std::memcpy(data + length, block.bytes + offset, static_cast<size_t>(count));
         length += count;
     }
-    _budget.spend(Limits::packedByteCost * length);
+    _budget.read(length);
     return length;
 }
 

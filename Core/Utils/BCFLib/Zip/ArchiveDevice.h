@@ -35,7 +35,7 @@ public:
     bool isSequential() const override;
     qint64 size() const override;
 
-    ReadBudget *budget() const override;
+    ReadBudget *budget() override;
     /// Empty until somebody has read it.
     Directory &directory();
 
@@ -66,7 +66,7 @@ private:
     /// The bytes of all slots. Nothing is allocated later on, as a zip reader may not be thrown through.
     std::unique_ptr<char[]> _bytes;
     Directory _directory;
-    mutable ReadBudget _budget;
+    ReadBudget _budget;
     /// What the file was like when it was opened.
     qint64 _size = 0;
     QDateTime _modified;

@@ -60,8 +60,7 @@ bool Directory::goTo(QuaZip *zip, const QString &name)
     if (device == nullptr) {
         return zip->setCurrentFile(name, QuaZip::csDefault);
     }
-    // A name takes time, too: a folder's can be long, and be asked for with each of its files.
-    device->budget()->spend(name.size());
+    device->budget()->lookUp(name);
     const auto &entries = device->directory()._entries;
     const auto entry = entries.find(keyOf(name));
     return !device->budget()->isSpent() && entry != entries.end()

@@ -1,7 +1,5 @@
 #include "EntryReader.h"
 
-#include "ArchiveDevice.h"
-
 #include <new>
 #include <quazip/quazip.h>
 #include <quazip/unzip.h>
@@ -17,10 +15,8 @@ constexpr int stored = 0;
 
 EntryReader::EntryReader(QuaZip *zip)
     : QuaZipFile(zip)
+    , _budget(budgetOf(zip->getIoDevice()))
 {
-    if (const ArchiveDevice *device = ArchiveDevice::of(zip)) {
-        _budget = device->budget();
-    }
 }
 
 EntryReader::~EntryReader()
@@ -40,7 +36,9 @@ bool EntryReader::open(OpenMode mode)
     if (isSpent()) {
         return false;
     }
-    spend(Limits::openingCost);
+    if (_budget != nullptr) {
+        _budget->openEntry();
+    }
     int method = 0;
     int level = 0;
     if (!QuaZipFile::open(mode, &method, &level, false)) {
@@ -54,7 +52,7 @@ bool EntryReader::open(OpenMode mode)
     return true;
 }
 
-ReadBudget *EntryReader::budget() const
+ReadBudget *EntryReader::budget()
 {
     return _budget;
 }
@@ -63,20 +61,15 @@ qint64 EntryReader::readData(char *data, qint64 maxSize)
 {
     const qint64 count = isSpent() ? -1 : QuaZipFile::readData(data, maxSize);
     throwIfOutOfMemory();
-    spend(qMax<qint64>(0, count));
+    if (_budget != nullptr) {
+        _budget->spend(qMax<qint64>(0, count));
+    }
     return count;
 }
 
 bool EntryReader::isSpent() const
 {
     return _budget != nullptr && _budget->isSpent();
-}
-
-void EntryReader::spend(qint64 bytes)
-{
-    if (_budget != nullptr) {
-        _budget->spend(bytes);
-    }
 }
 
 void EntryReader::throwIfOutOfMemory() const

@@ -22,17 +22,16 @@ public:
 
     bool open(OpenMode mode) override;
 
-    ReadBudget *budget() const override;
+    ReadBudget *budget() override;
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
     bool isSpent() const;
-    void spend(qint64 bytes);
     void throwIfOutOfMemory() const;
 
-    ReadBudget *_budget = nullptr;
+    ReadBudget *_budget;
 };
 
 } // namespace BCFLib

@@ -1,5 +1,7 @@
 #include "EntryWriter.h"
 
+#include "Io/ReadBudget.h"
+
 #include <quazip/quazip.h>
 #include <quazip/quazipfile.h>
 #include <quazip/quazipnewinfo.h>
@@ -14,11 +16,29 @@ constexpr int memoryLevel = 8;
 
 /// An entry that whoever makes it closes, or the zip. Where memory has ended, QuaZipFile's own destructor
 /// throws.
-class WrittenEntry : public QuaZipFile
+class WrittenEntry : public QuaZipFile, public BudgetedDevice
 {
 public:
-    using QuaZipFile::QuaZipFile;
+    explicit WrittenEntry(QuaZip *zip)
+        : QuaZipFile(zip)
+        , _budget(budgetOf(zip->getIoDevice()))
+    {
+    }
     ~WrittenEntry() override { setOpenMode(NotOpen); }
+
+    ReadBudget *budget() override { return _budget; }
+
+protected:
+    qint64 writeData(const char *data, qint64 maxSize) override
+    {
+        if (_budget != nullptr) {
+            _budget->spend(maxSize);
+        }
+        return QuaZipFile::writeData(data, maxSize);
+    }
+
+private:
+    ReadBudget *_budget;
 };
 
 } // namespace
@@ -31,6 +51,10 @@ bool EntryWriter::write(QuaZip *zip, const QString &name, QIODevice::OpenMode mo
         info.setPermissions(permissions);
     }
     WrittenEntry entry(zip);
+    if (ReadBudget *budget = entry.budget()) {
+        budget->lookUp(name);
+        budget->openEntry();
+    }
     if (!entry.open(mode, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, windowBits, memoryLevel,
                     Z_DEFAULT_STRATEGY)
         || !writeTo(&entry) || !entry.isOpen()) {

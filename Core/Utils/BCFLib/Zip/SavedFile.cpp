@@ -24,6 +24,11 @@ bool SavedFile::isSound() const
     return _isSound;
 }
 
+ReadBudget *SavedFile::budget()
+{
+    return &_budget;
+}
+
 qint64 SavedFile::writeData(const char *data, qint64 size)
 {
     return note([=] { return QFile::writeData(data, size) == size; }) ? size : -1;

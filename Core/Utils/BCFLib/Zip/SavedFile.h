@@ -1,14 +1,16 @@
 #ifndef BCFLIB_ZIP_SAVEDFILE_H
 #define BCFLIB_ZIP_SAVEDFILE_H
 
+#include "Io/ReadBudget.h"
+
 #include <QFile>
 
 namespace BCFLib {
 
-/// A file that is written and knows whether all of it was.
+/// An archive that is written and knows whether all of it was, and what reading it will cost.
 ///
 /// A QFile forgets that it could not write as soon as it can again.
-class SavedFile : public QFile
+class SavedFile : public QFile, public BudgetedDevice
 {
 public:
     using QFile::QFile;
@@ -19,6 +21,8 @@ public:
     /// Whether nothing has failed so far.
     bool isSound() const;
 
+    ReadBudget *budget() override;
+
 protected:
     qint64 writeData(const char *data, qint64 size) override;
 
@@ -26,6 +30,7 @@ private:
     template<class Work>
     bool note(const Work &work);
 
+    ReadBudget _budget;
     bool _isSound = true;
 };
 
