@@ -328,7 +328,7 @@ void TestHostileArchives::texts_data()
         }
         QTest::newRow(name) << file << u8"\u00E9";
     };
-    encoded("latin-1", "iso-8859-1", "", 1, 0);
+    encoded("latin-1", "ISO_8859-1:1987", "", 1, 0);
     encoded("of a code page", "ibm850", "", 1, 0, "\x82");
     encoded("in another spelling", " Windows_1252 ", "", 1, 0);
     encoded("of an Apple computer", "x-mac-roman", "", 1, 0, "\x8E");
@@ -342,8 +342,10 @@ void TestHostileArchives::texts_data()
         << QByteArray("<?xml version='1.0' encoding='Shift_JIS'?><Version><DetailedVersion>C:\\\x87\x40~"
                       "</DetailedVersion></Version>")
         << u8"C:\\\u2460~";
-    QTest::newRow("half a character at the end")
-        << QByteArray("<Version><DetailedVersion>a</DetailedVersion></Version>\xEF\xBF") << "a";
+    for (const char *end : {"\xEF\xBF", "\n\x1A", "\xEF\xBF\xBF\n<"}) {
+        QTest::addRow("unreadable behind the root: %s", QByteArray(end).toHex().constData())
+            << QByteArray("<Version><DetailedVersion>a</DetailedVersion></Version>") + end << "a";
+    }
 }
 
 void TestHostileArchives::texts()

@@ -96,15 +96,29 @@ Builder::Builder(QDomDocument *document, NodeCount::Runs runs, ReadBudget *budge
 
 bool Builder::parse(std::string_view text, bool isLast)
 {
-    const XML_Status status =
-        XML_Parse(_parser.get(), text.data(), static_cast<int>(text.size()), isLast ? 1 : 0);
+    if (_hasEnded) {
+        return true;
+    }
+    XML_Parser parser = _parser.get();
+    const XML_Status status = XML_Parse(parser, text.data(), static_cast<int>(text.size()), isLast ? 1 : 0);
     if (_exception != nullptr) {
         std::rethrow_exception(_exception);
     }
-    if (status != XML_STATUS_OK && XML_GetErrorCode(_parser.get()) == XML_ERROR_NO_MEMORY) {
+    if (status != XML_STATUS_OK && XML_GetErrorCode(parser) == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
     }
-    return status == XML_STATUS_OK && !_isRefused && !holdsTooManyAttributes(text);
+    _hasEnded = status != XML_STATUS_OK && isUnreadableBehindRoot(text);
+    return _hasEnded || (status == XML_STATUS_OK && !_isRefused && !holdsTooManyAttributes(text));
+}
+
+/// Whether parsing failed at U+FFFD behind the root: a character that the decoder has replaced, as the NULs
+/// or the Ctrl-Z that some tools leave there. Nothing that follows is part of the document.
+bool Builder::isUnreadableBehindRoot(std::string_view text) const
+{
+    const qint64 place = XML_GetErrorByteIndex(_parser.get()) - _bytes;
+    return XML_GetErrorCode(_parser.get()) == XML_ERROR_INVALID_TOKEN && _node.isDocument()
+        && !_document->documentElement().isNull() && place >= 0
+        && text.substr(static_cast<std::size_t>(place), 3) == "\xEF\xBF\xBD";
 }
 
 /// Whether the tag at the end of what was parsed holds too many attributes.

@@ -18,7 +18,7 @@ namespace Xml {
 
 /// Builds a document from XML text that comes in pieces.
 ///
-/// Refuses what passes the bounds of Limits or declares entities or attributes.
+/// Refuses what passes the bounds of Limits or declares entities or defaults of attributes.
 class Builder
 {
 public:
@@ -41,6 +41,7 @@ private:
     void run(const Work &work);
     void refuse();
     bool isRefused();
+    bool isUnreadableBehindRoot(std::string_view text) const;
     bool holdsTooManyAttributes(std::string_view text);
 
     void append(const QDomNode &node);
@@ -64,6 +65,7 @@ private:
     /// What the value that has not ended yet began with; NUL between values.
     char _openQuote = '\0';
     bool _isRefused = false;
+    bool _hasEnded = false;
     std::exception_ptr _exception;
 };
 

@@ -1,6 +1,9 @@
 #include "Encodings.h"
 
+#include <QList>
+
 #include <cctype>
+#include <utility>
 
 namespace BCFLib {
 
@@ -14,11 +17,11 @@ struct Alias
 
 /// Names without all but letters and digits.
 constexpr Alias aliases[] = {
-    {"SHIFTJIS", "CP932"},      {"SJIS", "CP932"},           {"XSJIS", "CP932"},
-    {"MSKANJI", "CP932"},       {"GB2312", "GB18030"},       {"EUCCN", "GB18030"},
-    {"GBK", "GB18030"},         {"EUCKR", "CP949"},          {"KSC5601", "CP949"},
-    {"KSC56011987", "CP949"},   {"BIG5", "CP950"},           {"MACROMAN", "MACINTOSH"},
-    {"XMACROMAN", "MACINTOSH"}, {"APPLEROMAN", "MACINTOSH"}, {"XMACCYRILLIC", "MAC-CYRILLIC"},
+    {"SHIFTJIS", "CP932"},     {"SJIS", "CP932"},           {"MSKANJI", "CP932"},
+    {"WINDOWS31J", "CP932"},   {"GB2312", "GB18030"},       {"GB231280", "GB18030"},
+    {"EUCCN", "GB18030"},      {"GBK", "GB18030"},          {"EUCKR", "CP949"},
+    {"KSC5601", "CP949"},      {"KSC56011987", "CP949"},    {"BIG5", "CP950"},
+    {"MACROMAN", "MACINTOSH"}, {"APPLEROMAN", "MACINTOSH"}, {"MACCYRILLIC", "MAC-CYRILLIC"},
 };
 
 /// Families of encodings, of which each has a number.
@@ -35,17 +38,21 @@ bool isDigit(char c)
 
 QByteArray Xml::iconvName(const QByteArray &name)
 {
-    const QByteArray trimmed = name.trimmed();
+    QByteArray plain = name.trimmed().toUpper();
+    if (plain.startsWith("X-")) {
+        plain.remove(0, 2);
+    }
+    // As in "ISO_8859-1:1987".
+    plain = plain.split(':').first();
     QByteArray key;
-    for (const char c : trimmed) {
+    for (const char c : std::as_const(plain)) {
         if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
             key += c;
-        } else if (QByteArray("._-: ").indexOf(c) < 0) {
+        } else if (QByteArray("._- ").indexOf(c) < 0) {
             // iconv takes "//IGNORE" and the like for a part of a name.
             return QByteArray();
         }
     }
-    key = key.toUpper();
     for (const Alias &alias : aliases) {
         if (key == alias.name) {
             return alias.iconvName;
@@ -61,7 +68,7 @@ QByteArray Xml::iconvName(const QByteArray &name)
             return family.iconvName + number.left(length);
         }
     }
-    return trimmed.toUpper();
+    return plain;
 }
 
 } // namespace BCFLib
