@@ -17,6 +17,8 @@ FLAGS = {"isExternal": ("true", "false"), "DefaultVisibility": ("true", "false")
          "Selected": ("true", "false"), "Visible": ("true", "false"),
          "SpacesVisible": ("1", "0"), "SpaceBoundariesVisible": ("1", "0"), "OpeningsVisible": ("1", "0")}
 
+DEVICE = re.compile(r"(con|prn|aux|nul|conin\$|conout\$|(com|lpt)[0-9\u00b9\u00b2\u00b3]) *(\..*)?", re.IGNORECASE)
+
 ROOT_FILES = {"bcf.version", "project.bcfp"}
 
 
@@ -47,8 +49,10 @@ def problems_of_names(names):
         if other is not name:
             yield f"{name} is the same as {other}"
     for name in names:
-        if any(part.strip(". ") == "" for part in name.split("/")) or re.search(r"[\\:\x00-\x1f]", name):
-            yield f"a name leads astray: {name}"
+        parts = name.split("/")
+        if (any(part.strip(". ") == "" or part[-1] in ". " or DEVICE.fullmatch(part) for part in parts)
+                or re.search(r'[\\:<>"|?*]', name) or {unicodedata.category(c) for c in name} & {"Cc", "Cf"}):
+            yield f"not a name everywhere: {ascii(name)}"
 
 
 def problems_of_unpacking(archive):

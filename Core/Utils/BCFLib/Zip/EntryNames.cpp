@@ -15,27 +15,43 @@ const QChar separator = QLatin1Char('/');
 
 QString folded(const QString &name)
 {
-    // By way of capitals, as "ß" is "SS" then.
-    const QString letters = name.normalized(QString::NormalizationForm_D).toUpper().toCaseFolded();
+    // By way of small letters and capitals, as Qt folds neither "ẞ" to "ß" nor that to "ss".
+    const QString letters = name.normalized(QString::NormalizationForm_D).toLower().toUpper().toCaseFolded();
     return letters.normalized(QString::NormalizationForm_D);
 }
 
-bool isHarmful(QChar c)
+/// Whether Windows takes the name for a device, as it does with any suffix.
+bool isDevice(const QString &name)
 {
-    // A backslash parts folders and a colon follows a drive on some systems.
-    return c == QLatin1Char('\\') || c == QLatin1Char(':') || c.category() == QChar::Other_Control;
+    const QString stem = name.left(name.indexOf(QLatin1Char('.'))).trimmed().toUpper();
+    if (stem.startsWith(QLatin1String("COM")) || stem.startsWith(QLatin1String("LPT"))) {
+        return stem.size() == 4 && stem.back().digitValue() >= 0;
+    }
+    const QStringList others{QStringLiteral("AUX"),     QStringLiteral("CON"), QStringLiteral("CONIN$"),
+                             QStringLiteral("CONOUT$"), QStringLiteral("NUL"), QStringLiteral("PRN")};
+    return others.contains(stem);
 }
 
+/// Whether a name can be unpacked on any system and leads nowhere else there.
 bool isHarmless(const QString &name)
 {
-    if (name.toUtf8().size() > longestName || std::any_of(name.begin(), name.end(), isHarmful)) {
-        return false;
+    // Windows has no names with these; to it "\\" parts folders, and ":" follows a drive.
+    const QString forbidden = QStringLiteral("\\:<>\"|?*");
+    for (const uint c : name.toUcs4()) {
+        // Of two names some systems ignore format characters, and users don't see them.
+        const QChar::Category category = QChar::category(c);
+        if (category == QChar::Other_Control || category == QChar::Other_Format
+            || (c < 0x80 && forbidden.contains(QChar(c)))) {
+            return false;
+        }
     }
-    const QStringList steps = name.split(separator);
-    // Dots and blanks at the end are dropped by some systems; "." and ".." are among these names.
-    return std::none_of(steps.begin(), steps.end(), [](const QString &step) {
-        return step.isEmpty() || step.back() == QLatin1Char('.') || step.back().isSpace();
-    });
+    for (const QString &step : name.split(separator)) {
+        // Windows drops dots and blanks at the end. "." and ".." are among these names.
+        if (step.isEmpty() || step.back() == QLatin1Char('.') || step.back().isSpace() || isDevice(step)) {
+            return false;
+        }
+    }
+    return name.toUtf8().size() <= longestName;
 }
 
 /// "a.b" becomes "a7.b".
@@ -97,7 +113,7 @@ QStringList EntryNames::distinct(const QVector<Wish> &wishes, const QStringList 
     for (int i = 0; i < wishes.size(); ++i) {
         while (names.at(i).isEmpty() && !wishes.at(i).substitute.isEmpty()) {
             const QString name = numbered(pattern(wishes.at(i)), ++number);
-            names[i] = takenNames.take(name) ? name : QString();
+            names[i] = isHarmless(name) && takenNames.take(name) ? name : QString();
         }
     }
     return names;
