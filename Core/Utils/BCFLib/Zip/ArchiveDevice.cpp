@@ -13,7 +13,8 @@ constexpr qint64 blockSize = 16LL * 1024;
 } // namespace
 
 ArchiveDevice::ArchiveDevice(const QString &path)
-    : _file(path)
+    // The host may go to another folder while the archive is read.
+    : _file(QFileInfo(path).absoluteFilePath())
     , _bytes(new char[static_cast<size_t>(blockSize) * _slots.size()])
 {
     _budget.setArchiveSize(_file.size());
@@ -33,7 +34,10 @@ bool ArchiveDevice::open(OpenMode mode)
         return false;
     }
     _size = _file.size();
-    _modified = QFileInfo(_file.fileName()).lastModified();
+    const QFileInfo info(_file.fileName());
+    _modified = info.lastModified();
+    // A copy can bear the time of what it replaces, but not this one.
+    _statusChanged = info.metadataChangeTime();
     return QIODevice::open(mode | Unbuffered);
 }
 
@@ -67,7 +71,9 @@ bool ArchiveDevice::isSound() const
 {
     const QFileInfo now(_file.fileName());
     const bool wasOpened = _modified.isValid();
-    return _isSound && (!wasOpened || (now.size() == _size && now.lastModified() == _modified));
+    const bool hasChanged =
+        now.size() != _size || now.lastModified() != _modified || now.metadataChangeTime() != _statusChanged;
+    return _isSound && !(wasOpened && hasChanged);
 }
 
 qint64 ArchiveDevice::readData(char *data, qint64 maxSize)

@@ -70,6 +70,7 @@ private:
     /// What the file was like when it was opened.
     qint64 _size = 0;
     QDateTime _modified;
+    QDateTime _statusChanged;
     bool _isSound = true;
 };
 
