@@ -164,7 +164,13 @@ const char *Xml::Printer::escapeAt(const QString &text, int i, Place place)
 void Xml::Printer::printEscaped(const QString &text, Place place)
 {
     int printed = 0;
-    for (int i = 0; i < text.size(); ++i) {
+    const auto isBlank = [](QChar c) { return c.isSpace(); };
+    if (place == Place::Content && std::all_of(text.begin(), text.end(), isBlank)) {
+        // Blanks alone count only where one of them is a reference.
+        _text += QStringLiteral("&#x%1;").arg(text.at(0).unicode(), 0, 16);
+        printed = 1;
+    }
+    for (int i = printed; i < text.size(); ++i) {
         if (const char *escape = escapeAt(text, i, place)) {
             _text.append(text.constData() + printed, i - printed);
             _text += QLatin1String(escape);
