@@ -117,8 +117,10 @@ void TestGuidIndex::asFindChild()
         };
         switch (any == host || all.size() < 150 ? below(3) : below(10)) {
         case 0:
-            connect(new Comment(guid(), below(4) == 0 ? any : topic), &QObject::destroyed, host,
-                    &HostTopic::look);
+            connect(new Comment(guid(), below(4) == 0 ? any : topic), &QObject::destroyed, host, [host] {
+                // Qt 6's own search can't bear children that are going.
+                QT_VERSION < QT_VERSION_CHECK(6, 0, 0) ? host->look() : void();
+            });
             break;
         case 1:
             topic->addViewpoint(guid())->addLine();

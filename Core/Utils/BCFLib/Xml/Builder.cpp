@@ -108,7 +108,7 @@ bool Builder::parse(std::string_view text, bool isLast)
         throw std::bad_alloc();
     }
     _hasEnded = status != XML_STATUS_OK && isUnreadableBehindRoot(text);
-    return _hasEnded || (status == XML_STATUS_OK && !_isRefused && !holdsTooManyAttributes(text));
+    return _hasEnded || (status == XML_STATUS_OK && !_isRefused && (isLast || !holdsTooManyAttributes(text)));
 }
 
 /// Whether parsing failed at U+FFFD behind the root: a character that the decoder has replaced, as the NULs
@@ -132,16 +132,21 @@ bool Builder::holdsTooManyAttributes(std::string_view text)
     int offset = 0;
     int contextSize = 0;
     const char *context = XML_GetInputContext(_parser.get(), &offset, &contextSize);
-    const bool isTag = context != nullptr && offset + 1 < contextSize && context[offset] == '<'
-        && context[offset + 1] != '!' && context[offset + 1] != '?';
-    if (!isTag || unfinished <= size) {
-        _values = 0;
-        _openQuote = '\0';
+    std::size_t begin = 0;
+    // The parser can't tell just after it got a larger buffer, as it does only for a tag that goes on.
+    if (context != nullptr) {
+        _isInTag = offset + 1 < contextSize && context[offset] == '<' && context[offset + 1] != '!'
+            && context[offset + 1] != '?';
+        if (!_isInTag || unfinished <= size) {
+            _values = 0;
+            _openQuote = '\0';
+        }
+        begin = static_cast<std::size_t>(size - qMin(unfinished, size));
     }
-    if (!isTag) {
+    if (!_isInTag) {
         return false;
     }
-    for (const char c : text.substr(static_cast<std::size_t>(size - qMin(unfinished, size)))) {
+    for (const char c : text.substr(begin)) {
         if (_openQuote == '\0' && (c == '"' || c == '\'')) {
             _openQuote = c;
             ++_values;

@@ -60,7 +60,8 @@ private:
     ElementRun _run;
     NodeCount _count;
     qint64 _bytes = 0;
-    /// The values in a tag that has not ended yet.
+    /// Whether a tag has not ended yet, and the values in it so far.
+    bool _isInTag = false;
     qint64 _values = 0;
     /// What the value that has not ended yet began with; NUL between values.
     char _openQuote = '\0';
