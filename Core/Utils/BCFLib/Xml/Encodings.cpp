@@ -53,6 +53,10 @@ QByteArray Xml::iconvName(const QByteArray &name)
             return QByteArray();
         }
     }
+    if (key == "UTF7") {
+        // No tool writes it, and each "+" of a plain text would mean something else.
+        return QByteArray();
+    }
     for (const Alias &alias : aliases) {
         if (key == alias.name) {
             return alias.iconvName;
