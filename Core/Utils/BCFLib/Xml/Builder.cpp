@@ -107,18 +107,25 @@ bool Builder::parse(std::string_view text, bool isLast)
     if (status != XML_STATUS_OK && XML_GetErrorCode(parser) == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
     }
-    _hasEnded = status != XML_STATUS_OK && isUnreadableBehindRoot(text);
+    _hasEnded = status != XML_STATUS_OK && isUnreadableBehindRoot();
     return _hasEnded || (status == XML_STATUS_OK && !_isRefused && (isLast || !holdsTooManyAttributes(text)));
 }
 
 /// Whether parsing failed at U+FFFD behind the root: a character that the decoder has replaced, as the NULs
 /// or the Ctrl-Z that some tools leave there. Nothing that follows is part of the document.
-bool Builder::isUnreadableBehindRoot(std::string_view text) const
+bool Builder::isUnreadableBehindRoot() const
 {
-    const qint64 place = XML_GetErrorByteIndex(_parser.get()) - _bytes;
-    return XML_GetErrorCode(_parser.get()) == XML_ERROR_INVALID_TOKEN && _node.isDocument()
-        && !_document->documentElement().isNull() && place >= 0
-        && text.substr(static_cast<std::size_t>(place), 3) == "\xEF\xBF\xBD";
+    int offset = 0;
+    int size = 0;
+    const char *context = XML_GetInputContext(_parser.get(), &offset, &size);
+    if (XML_GetErrorCode(_parser.get()) != XML_ERROR_INVALID_TOKEN || !_node.isDocument()
+        || _document->documentElement().isNull() || context == nullptr || offset == 0) {
+        return false;
+    }
+    const std::string_view place(context + offset, static_cast<std::size_t>(size - offset));
+    const bool isBehindMarkup =
+        std::string_view("> \t\n\r").find(context[offset - 1]) != std::string_view::npos;
+    return isBehindMarkup && place.substr(0, 3) == "\xEF\xBF\xBD";
 }
 
 /// Whether the tag at the end of what was parsed holds too many attributes.
