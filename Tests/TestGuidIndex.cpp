@@ -200,6 +200,8 @@ void TestGuidIndex::slotsChangeAndLook()
     QCOMPARE(topic->comment("70"), comment);
     topic->comment("10")->setObjectName("70");
     QCOMPARE(topic->comment("70"), topic->comments().at(10));
+    Comment *deeper = new Comment("deeper", comment);
+    QCOMPARE(topic->comment("deeper"), deeper);
     // One that is dying does not count.
     connect(topic->addViewpoint("v"), &QObject::destroyed, [topic] { topic->addViewpoint("w"); });
     topic->removeViewpoint("v");

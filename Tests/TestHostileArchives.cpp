@@ -71,22 +71,23 @@ public:
     using Version::Deserialize;
 };
 
-/// Whether a viewpoint takes a file that holds one line, asked in a thread with a small stack.
+/// Whether a viewpoint takes a file that holds one line, or reads a long one to its end, asked in a thread
+/// with a small stack.
 bool isRead(const QByteArray &file)
 {
-    int lines = 0;
-    QThread *thread = QThread::create([&file, &lines] {
+    bool isTaken = false;
+    QThread *thread = QThread::create([&file, &isTaken] {
         Viewpoint viewpoint("v", nullptr);
         QBuffer buffer;
         buffer.setData(file);
         viewpoint.deserialize(&buffer);
-        lines = viewpoint.lines().size();
+        isTaken = viewpoint.lines().size() == 1 || (file.size() > 1 << 20 && buffer.atEnd());
     });
     thread->setStackSize(512 * 1024);
     thread->start();
     thread->wait();
     delete thread;
-    return lines == 1;
+    return isTaken;
 }
 
 } // namespace
@@ -201,7 +202,11 @@ void TestHostileArchives::archivesThatTakeTooMuch_data()
     const qint64 mega = 1 << 20;
     QTest::newRow("bytes") << image << 40 << QByteArray(20 * mega, '\0') << Spent{20, 1 * mega, 290 * mega};
     QTest::newRow("packed bytes that unpack to nothing")
-        << image << 1000 << QByteArray() << Spent{450, 40 * mega, mega};
+        << image << 1000 << QByteArray() << Spent{60, 5 * mega, mega};
+    QTest::newRow("texts that take three times the bytes in memory")
+        << viewpoint << 40
+        << "<?xml version='1.0' encoding='windows-1252'?><V>" + QByteArray(mega, '\x80').repeated(20)
+        << Spent{8, mega, 97 * mega};
     QTest::newRow("entries") << viewpoint << 150000 << QByteArray("<V/>")
                              << Spent{110000, 2 * mega, 20 * mega};
     QTest::newRow("elements") << QByteArray("<Comment/>") << 3000000 << QByteArray()
@@ -251,13 +256,14 @@ void TestHostileArchives::xmlFiles_data()
     QTest::newRow("as deep as may be") << nested(99) << true;
     QTest::newRow("one deeper") << nested(100) << false;
     QTest::newRow("ten million deep") << nested(10000000) << false;
+    QTest::newRow("257 megabytes") << nested(1) + QByteArray(257 << 20, ' ') << false;
     // In an element that is packed, where they take little memory.
     const auto inLine = [](const QByteArray &inside) {
         const QByteArray others = QByteArray("<Line/>").repeated(500);
         return nested(1).replace("</Lines>", others + "<Line>" + inside + "</Line></Lines>");
     };
-    const QByteArray references = QByteArray("&e;").repeated(10000000);
-    QTest::newRow("ten million references to nothing") << inLine(references) << false;
+    const QByteArray references = QByteArray("&e;").repeated(11000000);
+    QTest::newRow("eleven million references to nothing") << inLine(references) << false;
 
     const auto addDocumentType = [](const char *name, const QByteArray &type, bool isRead) {
         QTest::newRow(name) << nested(1, "<!DOCTYPE a " + type + ">").replace("</a>", "&e;</a>") << isRead;
@@ -279,6 +285,7 @@ void TestHostileArchives::xmlFiles_data()
     QTest::newRow("ten million attributes")
         << nested(1, "<a" + QByteArray(" a=''").repeated(10000000)) << false;
     QTest::newRow("an attribute twice") << nested(1).replace("<a>", "<a b='' b=''>") << false;
+    QTest::newRow("a text behind the root") << nested(1) + "a\x1A" << false;
     QTest::newRow("deep in an encoding of its own")
         << "<?xml version='1.0' encoding='UTF-7'?>" + nested(200).replace('<', "+ADw-").replace('>', "+AD4-")
         << false;
@@ -320,7 +327,7 @@ void TestHostileArchives::texts_data()
 
     const auto encoded = [](const char *name, const QByteArray &declared, const QByteArray &mark, int width,
                             int place, const QByteArray &letter = "\xE9") {
-        const QByteArray text = " \n<?xml version='1.0' encoding='" + declared
+        const QByteArray text = " \n<?xml version='1.0'" + QByteArray(900, ' ') + "encoding='" + declared
             + "'?><Version><DetailedVersion>" + letter + "</DetailedVersion></Version>";
         QByteArray file = mark;
         for (const char c : text) {

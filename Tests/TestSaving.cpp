@@ -188,6 +188,10 @@ void TestSaving::anyNamesSurvive()
     };
     const QString fields = "_viewpointFilename _snapshotFilename objectName";
     const QStringList before = tellAll(model.data(), "BCFLib::Viewpoint", fields);
+    // Of a file that is attached, no name is too odd.
+    const QString oddName = folder.path(QString("a\x01") + QChar(0xFFFE));
+    QVERIFY(QFile::copy(folder.path("storey.ifc"), oddName));
+    model->topic("zz")->files().constFirst()->setFilename(oddName);
     QVERIFY(model->serialize(folder.path()));
     QCOMPARE(tellAll(model.data(), "BCFLib::Viewpoint", fields), before);
     QCOMPARE(TestArchive::complaints(folder.path()), QString());
@@ -209,6 +213,8 @@ void TestSaving::anyNamesSurvive()
         topic->setDescription(readable(topic->description()));
     }
     QCOMPARE(told(loaded), told(model));
+    QVERIFY(QFile::exists(loaded->topic("zz")->files().constFirst()->filename())
+            && loaded->errorString().isEmpty());
     // What is free and harmless is taken.
     const QString entries = TestArchive::entryNames(folder.path()).join('|');
     for (const char *name : {"zz/viewpoint.png", "|a/markup.bcf|", u8"|\u00e9/a|", "/A/B/c|"}) {
@@ -260,8 +266,10 @@ void TestSaving::faults_data()
     QTest::newRow("a folder that is not there") << "%1/none/a.bcf" << QStringList();
     QTest::newRow("a path that is a folder") << "%1" << QStringList();
     QTest::newRow("a full device") << "/dev/full" << QStringList();
+    QTest::newRow("a device that keeps nothing") << "/dev/null" << QStringList();
     QTest::newRow("a folder that may not be written to") << "%1/locked" << QStringList();
     QTest::newRow("a file that it is to hold") << "%1/storey.ifc" << QStringList();
+    QTest::newRow("the same by a path that is searched for") << "searched:storey.ifc" << QStringList();
     QTest::newRow("the same by a link") << "%1/link" << QStringList();
     QTest::newRow("the same by another name") << "%1/twin" << QStringList();
     QTest::newRow("a file to hold that bears a name of the archive's own") << "%1/own name" << QStringList();
@@ -294,6 +302,7 @@ void TestSaving::faults()
         folderItself.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
         QVERIFY(geteuid() != 0 || seteuid(65534) == 0);
     }
+    QDir::setSearchPaths("searched", {folder.path(QString())});
     const bool isSaved = model->serialize(path.replace("%1", folder.path(QString())));
     QVERIFY(seteuid(getuid()) == 0);
     folderItself.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -56,9 +56,10 @@ public:
 
     /// Loads the archive at @p path, reporting steps to @p progress.
     ///
-    /// The result is never null. What can't be read is left out, record by record; only an
-    /// archive that can't be opened, a malformed version file and an attachment that can't be
-    /// unpacked into the cache folder end the load early, with what was read so far.
+    /// The result is null only where memory does not suffice for an empty model. What can't be read
+    /// is left out, record by record; only an archive that can't be opened, a malformed version file
+    /// and an attachment that can't be unpacked into the cache folder end the load early, with what
+    /// was read so far.
     static QSharedPointer<BCFModel> Deserialize(const QString &path,
                                                 const Tavrin::ProgressionSignals &progress);
 
