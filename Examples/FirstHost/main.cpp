@@ -1,14 +1,21 @@
 // first-host IN OUT: loads an archive in a thread, lists its topics, answers the first one with a comment and
-// a view, saves all of it, and prints the topic as JSON. Docs/ForHosts.md tells the reason of each step.
+// a view, saves all of it, and prints the topic as JSON. OUT is another file, since IN may hold what no save
+// keeps. Docs/ForHosts.md tells the reason of each step.
 
 #include <Core/Utils/BCFLib/BCFLoadingWorker.h>
 #include <Core/Utils/BCFLib/BCFModel.h>
+#include <Core/Utils/BCFLib/BCF_2_0_Viewpoint.h>
 #include <Core/Utils/BCFLib/Comment.h>
+#include <Core/Utils/BCFLib/Components.h>
 #include <Core/Utils/BCFLib/File.h>
 #include <Core/Utils/BCFLib/Topic.h>
+#include <Core/Utils/BCFLib/Version.h>
 #include <Core/Utils/BCFLib/Viewpoint.h>
 #include <QtCore>
 #include <filesystem>
+#include <memory>
+#include <quazip/quazip.h>
+#include <quazip/quazipfile.h>
 
 using Model = QSharedPointer<BCFLib::BCFModel>;
 
@@ -39,6 +46,23 @@ static Model loadInThread(const QString &path)
     loop.exec();
     thread.wait();
     return worker.model();
+}
+
+/// Reads bcf.version as a load does.
+struct VersionFile : BCFLib::Version
+{
+    using Version::Deserialize;
+};
+
+static bool isReadInPart(const QString &path)
+{
+    QuaZip zip(path);
+    if (!zip.open(QuaZip::mdUnzip) || !zip.setCurrentFile("bcf.version")) {
+        return false;
+    }
+    QuaZipFile file(&zip);
+    const std::unique_ptr<BCFLib::Version> version(VersionFile::Deserialize(&file));
+    return version && !QStringList{"1.0", "2.0", "2.1"}.contains(version->versionId());
 }
 
 /// From now on no other load can replace the files that the model attaches.
@@ -106,6 +130,45 @@ static bool save(BCFLib::BCFModel &model, const QString &path)
     return !error || (QFile::remove(beside), false);
 }
 
+/// The variant form of a topic for Topic::fromQVariant() in a model of version 2.0 (the list form) or 2.1.
+static QVariantMap wholeForm(const BCFLib::Topic &topic, bool forListForm)
+{
+    QVariantMap form = topic.toQVariant().toMap();
+    QVariantList viewpoints;
+    for (BCFLib::Viewpoint *viewpoint : topic.viewpoints()) {
+        QVariantMap map = viewpoint->toQVariant().toMap();
+        QVariantMap components = map.value("components").toMap();
+        QVariantMap visibility = components.value("visibility").toMap();
+        if (auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
+            if (visibility.value("default_visibility").toBool()) {
+                // Elements without a mark stand among the hidden ones, and are not.
+                QVariantList hidden;
+                for (const BCF_2_0_Lib::Component *element : list->components()) {
+                    if (element->visible() == Tavrin::BooleanFalse) {
+                        hidden << element->toQVariant();
+                    }
+                }
+                visibility.insert("exceptions", hidden);
+            }
+        } else {
+            visibility.insert("default_visibility", viewpoint->components()->getDefaultVisibility());
+            visibility.insert("view_setup_hints", components.take("view_setup_hints"));
+        }
+        components.insert("visibility", visibility);
+        if (!forListForm) {
+            QVariantMap colours;
+            for (const QVariant &group : components.value("coloring").toList()) {
+                colours.insert(group.toMap().value("color").toString(), group.toMap().value("components"));
+            }
+            components.insert("coloring", colours);
+        }
+        map.insert("components", components);
+        viewpoints << map;
+    }
+    form.insert("viewpoints", viewpoints);
+    return form;
+}
+
 static QJsonValue toJson(const QVariant &value, const QString &key = QString())
 {
     if (value.userType() == QMetaType::QVariantMap) {
@@ -136,11 +199,20 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName("first-host");
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
+    const QString in = arguments.value(1);
+    const QString out = arguments.value(2);
+    if (arguments.size() != 3 || QFileInfo(in) == QFileInfo(out)) {
+        QTextStream(stderr) << "Usage: first-host IN OUT, which are two files\n";
+        return 2;
+    }
+    if (isReadInPart(in)) {
+        QTextStream(stderr) << "Comments, viewpoints and more of this version are not read.\n";
+    }
     const QTemporaryDir folder;
-    const Model model = loadInThread(arguments.value(1));
+    const Model model = loadInThread(in);
     QString message;
     QString title;
-    if (!model->isValid(arguments.value(1), message, title) || model->topics().isEmpty()
+    if (!model->isValid(in, message, title) || model->topics().isEmpty()
         || !takeAttachments(*model, QDir(folder.path()))) {
         QTextStream(stderr) << message << '\n';
         return 1;
@@ -150,6 +222,7 @@ int main(int argc, char *argv[])
     }
     BCFLib::Topic *const topic = model->topics().first();
     answer(topic, "Seen from here it fits.", QByteArray::fromBase64("iVBORw0KGgr/AIB/"));
-    QTextStream(stdout) << QJsonDocument(toJson(topic->toQVariant()).toObject()).toJson();
-    return save(*model, arguments.value(2)) ? 0 : 1;
+    const QVariantMap form = wholeForm(*topic, BCFLib::BCFModel::isBCF_2_0(model.data()));
+    QTextStream(stdout) << QJsonDocument(toJson(form).toObject()).toJson();
+    return save(*model, out) ? 0 : 1;
 }

@@ -60,6 +60,8 @@ def problems(before, after, answer):
         yield 'the comment does not lead to its view'
     if answer['viewpoints'][-1]['snapshot']['snapshot_data'] != 'data:image/png;base64,iVBORw0KGgr/AIB/':
         yield 'the image is damaged in JSON'
+    if any('view_setup_hints' in view['components'] for view in answer['viewpoints']):
+        yield 'the hints stand where no form is read'
 
 
 with zipfile.ZipFile(sys.argv[1]) as first, zipfile.ZipFile(sys.argv[2]) as second:
