@@ -44,16 +44,19 @@ BROKEN = {
     'author and date': (archive('<Topic Guid="t"><Title>T</Title><CreationDate>x</CreationDate></Topic>'),
                         ['no creation author', 'no creation date']),
     'viewpoint file': (archive(rest=viewpoint('', 'v.bcfv')), ['named viewpoint.bcfv']),
-    'image': (archive(rest=viewpoint()), ['viewpoint 1 lacks its image "snapshot.png"']),
+    'images': (archive(rest=viewpoint('')
+                       + viewpoint('<Snapshot>w.png</Snapshot>', 'w.bcfv').replace('"v"', '"w"')),
+               ['viewpoint 2 lacks its image "w.png"', 'named snapshot.png']),
     'attachment': (archive(rest='<Header><File isExternal="false"><Filename>a.ifc</Filename></File></Header>'),
                    ['File "a.ifc" doesn\'t exist']),
     'damaged version': (archive(version='<Version'), ['bcf.version in the archive is damaged']),
 }
 WARNED = {
     'version 3.0': (archive(version='<Version VersionId="3.0"/>'), 'is of version 3.0'),
-    'version without a name': (archive(version='<Version/>'), "doesn't say its version"),
-    'damaged topic': ({**archive(), 'u/markup.bcf': '<Markup'}, 'could not be read: 1'),
-    'version 2.1': (archive(), ''),
+    'another root': (archive(version='<Foo VersionId="2.1"/>'), "doesn't say its version"),
+    'lost topics': ({**archive(), 'u/markup.bcf': '<Markup', 'v\\markup.bcf': '<Markup/>'},
+                    'could not be read: 2'),
+    'version 2.1': (archive(version='\n<?xml version="1.0"?><Version VersionId="2.1"/>'), ''),
     'no version': (archive(version=None), ''),
 }
 
@@ -98,13 +101,13 @@ def check_report(sample, folder):
         x, y, z = text.split()
         return f'<{name}><X>{x}</X><Y>{y}</Y><Z>{z}</Z></{name}>'
 
-    camera = '<VisualizationInfo><PerspectiveCamera>' + point('CameraViewPoint', '2600123.456 1200000 -0.1') \
+    camera = '<VisualizationInfo><PerspectiveCamera>' + point('CameraViewPoint', '2600123.456 1e6 -1e-5') \
         + point('CameraDirection', '0 0 1') + point('CameraUpVector', '0 1 0') \
         + '<FieldOfView>60</FieldOfView></PerspectiveCamera></VisualizationInfo>'
     hostile = archive(TOPIC.replace('>T<', '>\x9b31m\x7f\u202eder ' + 200 * '漢' + '<'), viewpoint(''),
                       viewpoint_bcfv=camera)
     report = run_program(write(folder / 'hostile', hostile)).stdout
-    assert 'at (2600123.456, 1200000, -0.1)' in report and '\ufffd31m\ufffd\ufffdder' in report, report
+    assert 'at (2600123.456, 1000000, -0.00001)' in report and '\ufffd31m\ufffd\ufffdder' in report, report
     assert not re.search('[\x00-\x09\x0b-\x1f\x7f-\x9f\u202e]', report)
     # 40 wide characters fill a line.
     assert 41 * '漢' not in report

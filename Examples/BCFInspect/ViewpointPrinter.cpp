@@ -10,15 +10,20 @@
 #include <QLocale>
 #include <QStringList>
 
+#include <cmath>
+
 namespace {
 
 constexpr int perspectiveBit = 1;
 constexpr int orthogonalBit = 2;
 
-/// As many digits as tell the number from its neighbours: models stand in coordinates of the country.
+/// As many digits as tell the number from its neighbours: models stand in coordinates of the country. An
+/// exponent only where the zeros would be too many to count.
 QString numberText(double number)
 {
-    return QString::number(number, 'g', QLocale::FloatingPointShortest);
+    const double size = std::abs(number);
+    const bool isPlain = number == 0.0 || (size >= 1e-9 && size < 1e15);
+    return QString::number(number, isPlain ? 'f' : 'g', QLocale::FloatingPointShortest);
 }
 
 QString pointText(const osg::Vec3d &point)

@@ -73,8 +73,9 @@ void printArchive(const Archive &archive, QTextStream &out)
         report.field(QStringLiteral("Warning"), warning);
     }
     printVerdict(archive.problems(), report);
-    report.field(QStringLiteral("Title"), archive.title);
-    report.field(QStringLiteral("Message"), archive.message);
+    report.field(QStringLiteral("Message"),
+                 archive.message.isEmpty() ? QString()
+                                           : archive.title + QStringLiteral(": ") + archive.message);
     TopicPrinter(model, report).printAll();
     out << '\n';
 }

@@ -9,17 +9,21 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QXmlStreamReader>
 #include <quazip/quazip.h>
 #include <quazip/quazipfile.h>
 #include <quazip/quazipfileinfo.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
-/// More than any bcf.version needs before its root element has begun.
-constexpr qint64 versionBytes = 65536;
+/// Reads bcf.version as a load does.
+struct VersionFile : BCFLib::Version
+{
+    using Version::Deserialize;
+};
+
 constexpr int orthogonalBit = 2;
 
 QString baseName(const QString &path)
@@ -70,9 +74,12 @@ int countTopicFolders(const QString &path)
     if (!zip.open(QuaZip::mdUnzip)) {
         return 0;
     }
-    const QRegularExpression markup(QStringLiteral("^[^/]+/markup\\.bcf$"),
+    // Some tools write names that a load finds no folder in.
+    const QRegularExpression markup(QStringLiteral("^[^/\\\\]+[/\\\\]markup\\.bcf$"),
                                     QRegularExpression::CaseInsensitiveOption);
-    return static_cast<int>(zip.getFileNameList().filter(markup).size());
+    QStringList markups = zip.getFileNameList().filter(markup);
+    markups.removeDuplicates();
+    return static_cast<int>(markups.size());
 }
 
 bool hasFileNamed(const QList<BCFLib::Viewpoint *> &viewpoints,
@@ -93,17 +100,12 @@ QString ArchiveCheck::versionId(const QString &path)
         return QString();
     }
     QuaZipFile entry(&zip);
-    if (!entry.open(QIODevice::ReadOnly)) {
-        return QString();
-    }
-    QXmlStreamReader xml(entry.read(versionBytes));
-    xml.setNamespaceProcessing(false);
-    if (!xml.readNextStartElement()) {
+    const std::unique_ptr<BCFLib::Version> version(VersionFile::Deserialize(&entry));
+    if (version == nullptr) {
         return QString();
     }
     // A file that names none has an empty version, which is not the same as no file.
-    const QString version = xml.attributes().value(QLatin1String("VersionId")).toString();
-    return xml.name() == QLatin1String("Version") && !version.isEmpty() ? version : QStringLiteral("");
+    return version->versionId().isEmpty() ? QStringLiteral("") : version->versionId();
 }
 
 bool ArchiveCheck::isReadInPart(const QString &versionId)
