@@ -36,7 +36,8 @@
 // - Bounds and declarations of entities and of defaults of attributes, which can make a small file grow.
 // - An XML declaration that "?>" in a value ends: where it ends would be a guess.
 // - An attribute twice: which of the two counts would be a guess.
-// - No blank between two attributes, and a second document type: malformed, and no tool writes them.
+// - No blank between two attributes or behind the name of an instruction, and a second document type:
+// malformed, and no tool writes them.
 // - Letters in names that came with the fifth edition of the standard: libexpat follows the fourth.
 
 namespace {
@@ -106,11 +107,9 @@ std::string decoded(const QByteArray &file)
 /// The text of a file with what is unreadable replaced.
 QString mended(const QByteArray &file)
 {
-    if (!isUtf8(file)) {
-        return QString::fromStdString(decoded(file));
-    }
     const auto all = QRegularExpression::DotMatchesEverythingOption;
-    QString text = QString::fromUtf8(file.constData(), file.size());
+    QString text = isUtf8(file) ? QString::fromUtf8(file.constData(), file.size())
+                                : QString::fromStdString(decoded(file));
     text.remove(QRegularExpression("\\A\uFEFF?[ \t\r\n]*(<\\?xml[ \t\r\n].*?\\?>)?\uFEFF?", all));
     const QRegularExpression reference(
         "<!--.*?-->|<!\\[CDATA\\[.*?\\]\\]>|<\\?.*?\\?>|\\]\\]>|&#(x?)([0-9a-fA-F]{1,28});", all);
@@ -169,7 +168,7 @@ public:
         const bool isLetter = at.unicode() > 0x7F && (at.isLetterOrNumber() || at.isMark());
         return _isTooMuch || _error == XML_ERROR_DUPLICATE_ATTRIBUTE
             || (_error == XML_ERROR_SYNTAX && _text.compare(_place, 9, "<!DOCTYPE") == 0)
-            || (_error == XML_ERROR_INVALID_TOKEN && (isBehind("\"'") || isLetter));
+            || (_error == XML_ERROR_INVALID_TOKEN && (isBehind("\"'?") || isLetter));
     }
 
     /// The text up to where the document has ended.

@@ -244,7 +244,7 @@ protected:
     void writeTopic(QDomDocument &doc, QDomElement &parent);
     /// Appends each comment in the form of its own class.
     void writeComments(QDomDocument &doc, QDomElement &parent);
-    /// Appends an entry with the file names for each viewpoint, as viewpointEntryNames() gives them.
+    /// Appends an entry with the file names for each viewpoint, as viewpointEntries() gives them.
     void writeViewpoints(QDomDocument &doc, QDomElement &parent);
     /// Writes the stored image of that guid; false if there is none, it is larger than what a load takes, or
     /// the write fails.
@@ -264,10 +264,16 @@ private:
     friend struct Owners;
     struct GuidIndexes;
 
-    /// The names of the entries of a saved topic's folder: for each viewpoint that of its file and that of
-    /// its image, empty where there is none. Where viewpoints name one file, or one that can't be, these
-    /// differ from what the viewpoints hold.
-    QStringList viewpointEntryNames() const;
+    /// The names under which a save writes a viewpoint's file and image; empty where there is none.
+    struct ViewpointEntries
+    {
+        QString file;
+        QString image;
+    };
+
+    /// Those of each viewpoint, in the order of viewpoints(). They differ from the names that the viewpoints
+    /// hold where several hold one name, or one that can't be.
+    QVector<ViewpointEntries> viewpointEntries() const;
     void readAttachments(const QDomElement &topic);
     /// Has what is finished of a file printed, if one is being written.
     void printFinished(const QDomDocument &document) const;

@@ -167,7 +167,8 @@ bool BCFModel::unpackAttachments(QuaZip *zip, const QStringList &files,
         return true;
     }
     const CacheFolder cache;
-    // A file that several topics name is copied once. No hash: names can be chosen such that all hash alike.
+    // A file that several topics name is copied once. Not in a hash: names can be chosen such that all hash
+    // alike.
     const std::set<QString> names(files.begin(), files.end());
     progress.addMax(static_cast<qint64>(names.size()));
     for (const QString &name : names) {

@@ -30,7 +30,8 @@ namespace {
 const QLatin1String versionName("bcf.version");
 const QLatin1String projectName("project.bcfp");
 
-/// The files that are to travel inside the archive. No hash: names can be chosen such that all hash alike.
+/// The files that are to travel inside the archive. Not in a hash: names can be chosen such that all hash
+/// alike.
 std::set<QString> attachedFiles(const QList<Topic *> &topics)
 {
     std::set<QString> paths;
@@ -149,17 +150,18 @@ bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, const QString &folder, QStr
     if (!EntryWriter::writeText(zip, path + QStringLiteral("markup.bcf"), writeMarkup)) {
         return false;
     }
-    const QStringList names = topic->viewpointEntryNames();
-    auto name = names.begin();
+    const auto entries = topic->viewpointEntries();
+    auto entry = entries.begin();
     for (Viewpoint *viewpoint : topic->viewpoints()) {
-        const QString viewpointName = *name++;
-        const QString imageName = *name++;
+        const QString file = entry->file;
+        const QString image = entry->image;
+        ++entry;
         const auto writeViewpoint = [viewpoint](QIODevice *device) { return viewpoint->serialize(device); };
         const auto writeImage = [topic, viewpoint](QIODevice *device) {
             return topic->writeSnaphot(viewpoint->guid(), device);
         };
-        if ((!viewpointName.isEmpty() && !EntryWriter::writeText(zip, path + viewpointName, writeViewpoint))
-            || (!imageName.isEmpty() && !EntryWriter::writeBytes(zip, path + imageName, writeImage))) {
+        if ((!file.isEmpty() && !EntryWriter::writeText(zip, path + file, writeViewpoint))
+            || (!image.isEmpty() && !EntryWriter::writeBytes(zip, path + image, writeImage))) {
             return false;
         }
     }

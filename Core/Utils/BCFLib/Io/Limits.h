@@ -20,8 +20,8 @@ constexpr qint64 xmlNodes = 10LL * 1000 * 1000;
 /// quadratic time over them.
 constexpr qint64 xmlAttributes = 256;
 
-/// Nesting of elements in one XML file. The format nests less than ten levels; documents are
-/// parsed in quadratic time and destroyed by recursion over their depth.
+/// Nesting of elements in one XML file. The format nests less than ten levels; documents are destroyed by
+/// recursion over their depth.
 constexpr int xmlDepth = 100;
 
 /// Bytes of one snapshot image.
@@ -47,9 +47,9 @@ constexpr qint64 nodeCost = 96;
 /// What an element within one of the numerous elements costs, which becomes no object of its own.
 constexpr qint64 innerNodeCost = 32;
 
-/// How many bytes of one archive are read: so many, and so many more for each byte of the archive. An
-/// archive is read once, its directory a few times. But packed bytes can unpack to nothing, and take as
-/// long as ten times as many that come out.
+/// How many bytes of one archive are read: so many, and so many more for each byte of the archive. Those of
+/// most archives are read once, and their directory a few times. Entries can share their bytes, though, and
+/// unpack to nothing, which takes as long as ten times as many bytes that come out.
 constexpr qint64 archiveReads = 4LL * 1024 * 1024;
 constexpr qint64 archiveReadsPerByte = 8;
 

@@ -135,18 +135,19 @@ void Topic::writeComments(QDomDocument &doc, QDomElement &parent)
 
 void Topic::writeViewpoints(QDomDocument &doc, QDomElement &parent)
 {
-    const QStringList names = viewpointEntryNames();
-    auto name = names.begin();
+    const QVector<ViewpointEntries> entries = viewpointEntries();
+    auto entry = entries.begin();
     for (const Viewpoint *viewpoint : viewpoints()) {
         QDomElement element = Xml::appendElement(doc, parent, QStringLiteral("Viewpoints"));
         Xml::setAttribute(element, QStringLiteral("Guid"), viewpoint->guid());
-        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), *name++);
-        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), *name++);
+        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), entry->file);
+        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), entry->image);
+        ++entry;
         printFinished(doc);
     }
 }
 
-QStringList Topic::viewpointEntryNames() const
+QVector<Topic::ViewpointEntries> Topic::viewpointEntries() const
 {
     QVector<EntryNames::Wish> wishes;
     const auto append = [&wishes](const QString &name, const QString &substitute) {
@@ -156,7 +157,12 @@ QStringList Topic::viewpointEntryNames() const
         append(viewpoint->viewpointFilename(), QStringLiteral("viewpoint.bcfv"));
         append(viewpoint->snapshotFilename(), QStringLiteral("snapshot.png"));
     }
-    return EntryNames::distinct(wishes, {QStringLiteral("markup.bcf")});
+    const QStringList names = EntryNames::distinct(wishes, {QStringLiteral("markup.bcf")});
+    QVector<ViewpointEntries> entries;
+    for (int i = 0; i < names.size(); i += 2) {
+        entries.append({names.at(i), names.at(i + 1)});
+    }
+    return entries;
 }
 
 bool Topic::writeSnaphot(const QString &guid, QIODevice *device)

@@ -10,7 +10,7 @@ namespace BCFLib {
 
 namespace {
 
-/// So many newcomers are looked at together.
+/// When newcomers are looked at together.
 constexpr std::size_t manyNewcomers = 64;
 
 /// Whether an object is a mere QObject, as all are when their parent hears of them, and again at their end.
@@ -159,7 +159,7 @@ void GuidIndex::takeInNewcomers()
             takeIn(object, newcomer.first);
         }
     }
-    // So many are not being made at a time.
+    // So many objects at a time are not being made: something else keeps their class from showing.
     if (_newcomers.size() >= manyNewcomers) {
         _newcomers.clear();
         _isDeeper = true;
@@ -229,7 +229,7 @@ QObject *GuidIndex::firstOf(const QString &guid)
     if (child != nullptr && child->parent() == _owner && child->objectName() == guid) {
         return child;
     }
-    // Somebody has kept something from the index.
+    // A host has kept an event from the index.
     begin();
     found = _children.lower_bound(Key(endOf(guid), guid, 0));
     return found != _children.end() && std::get<QString>(found->first) == guid ? found->second.data()

@@ -17,10 +17,10 @@ namespace BCFLib {
 
 /// Which children of an owner bear which guid, so that not every search asks every child.
 ///
-/// Made with the first search that asks many. From then on it hears of the objects that come below the owner
-/// at any depth, of children that go, and of names that they take on. Where a host has kept children from
-/// it, the next search begins anew. A raw change of the name of a child whose signals are blocked or cut off
-/// is all that it can't know of; what it finds bears the guid in any case.
+/// Made with the first search among many children. From then on it hears of the objects that come below the
+/// owner at any depth, of children that go, and of their new names. Where a host has kept such an event from
+/// it, the next search makes it anew. All that it misses is a raw setObjectName() of a child whose signals
+/// are blocked or cut off; what it finds bears the guid in any case.
 ///
 /// Guids are ordered, not hashed: they can be chosen such that all hash alike.
 class GuidIndex
@@ -66,7 +66,7 @@ private:
     /// order in which they came.
     using Key = std::tuple<quint64, QString, quint64>;
 
-    /// So few are asked as fast as the index.
+    /// Up to here asking each child is as fast as the index.
     static constexpr int fewChildren = 32;
 
     bool update();
@@ -86,7 +86,7 @@ private:
     /// Objects with their numbers that had no class yet, nor a name, when they were told of.
     std::vector<std::pair<quint64, QPointer<QObject>>> _newcomers;
     quint64 _lastNumber = 0;
-    /// The owner's children as far as they were told of.
+    /// How many children of the owner it has heard of, and the last of them.
     int _childCount = 0;
     QPointer<QObject> _lastChild;
     /// Objects of a host's own classes, which tell nobody of what comes below them.

@@ -236,7 +236,7 @@ void Builder::addText(const char *text, int length)
     int size = 0;
     const char *context = XML_GetInputContext(_parser.get(), &offset, &size);
     // White space that is written as a reference is meant.
-    _isSolid |= context != nullptr && context[offset] == '&';
+    _keepIfBlank |= context != nullptr && context[offset] == '&';
     _text.append(text, static_cast<std::size_t>(length));
 }
 
@@ -247,7 +247,7 @@ void Builder::flushText()
     }
     const QString text = fromUtf8(_text);
     const bool isBlank =
-        !_isSolid && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
+        !_keepIfBlank && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
     if (!isBlank) {
         _count.addText();
     }
@@ -258,7 +258,7 @@ void Builder::flushText()
         append(_document->createTextNode(text));
     }
     _text.clear();
-    _isSolid = false;
+    _keepIfBlank = false;
 }
 
 void Builder::endCData()
@@ -269,7 +269,7 @@ void Builder::endCData()
         addNode(_document->createCDATASection(fromUtf8(std::exchange(_text, {}))));
     }
     _text.clear();
-    _isSolid = false;
+    _keepIfBlank = false;
 }
 
 /// Appends a comment or the like.
@@ -297,7 +297,7 @@ void Builder::flushRun()
 
 void Builder::append(const QDomNode &node)
 {
-    // Where a host has documents refuse names and texts, a node may not come to be.
+    // Null where the host has set a QDomImplementation::InvalidDataPolicy that refuses the name or text.
     if (_node.appendChild(node).isNull()) {
         refuse();
     }

@@ -53,9 +53,9 @@ private:
     Names _names;
     /// The element that is open, or the document.
     QDomNode _node;
-    /// Text that no node holds yet, and whether it counts though it may be blank.
+    /// Text that no node holds yet, and whether it is kept though it may be nothing but white space.
     std::string _text;
-    bool _isSolid = false;
+    bool _keepIfBlank = false;
 
     ElementRun _run;
     NodeCount _count;

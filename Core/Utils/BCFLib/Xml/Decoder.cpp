@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <new>
+#include <utility>
 
 namespace BCFLib {
 
@@ -100,6 +101,14 @@ unsigned char kindsIn(std::string_view text)
         all |= kinds[static_cast<unsigned char>(c)];
     }
     return all;
+}
+
+/// Whether a text of these kinds may hold, or end in the beginning of, a section or a reference to a
+/// character.
+bool mayHoldMarkup(std::string_view text, unsigned char kinds)
+{
+    const bool endsInBeginning = !text.empty() && (text.back() == '<' || text.back() == '&');
+    return endsInBeginning || (kinds & Markup) != 0;
 }
 
 /// The length of the longest beginning that is UTF-8, U+FFFE and U+FFFF aside, which are no text.
@@ -210,9 +219,8 @@ bool Xml::Decoder::isPlain(std::string_view bytes) const
     if (!_isUtf8 || !_bytes.empty() || !_text.empty() || !_sectionEnd.empty()) {
         return false;
     }
-    const bool mayEndInMarkup = !bytes.empty() && (bytes.back() == '<' || bytes.back() == '&');
     const unsigned char kinds = kindsIn(bytes);
-    return !mayEndInMarkup && (kinds & (Control | Markup)) == 0
+    return (kinds & Control) == 0 && !mayHoldMarkup(bytes, kinds)
         && (kinds == Plain || lengthOfUtf8(bytes) == bytes.size());
 }
 
@@ -335,6 +343,10 @@ void Xml::Decoder::appendUtf8(std::string_view bytes)
 /// Moves the text to what is ready, but for its end if that could be the beginning of something.
 void Xml::Decoder::replaceUnreadable(bool isLast)
 {
+    if (_sectionEnd.empty() && !mayHoldMarkup(_text, kindsIn(_text))) {
+        _output = std::exchange(_text, {});
+        return;
+    }
     _output.clear();
     const std::string_view all = _text;
     std::size_t at = 0;

@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <cctype>
 #include <utility>
 
@@ -64,11 +65,11 @@ QByteArray Xml::iconvName(const QByteArray &name)
     }
     for (const Alias &family : families) {
         const QByteArray number = key.mid(static_cast<int>(qstrlen(family.name)));
-        if (key.startsWith(family.name) && !number.isEmpty() && isDigit(number.front())) {
-            int length = 0;
-            while (length < number.size() && isDigit(number.at(length))) {
-                ++length;
-            }
+        const int length =
+            static_cast<int>(std::find_if_not(number.begin(), number.end(), isDigit) - number.begin());
+        // Hebrew's "ISO-8859-8-I" differs from "ISO-8859-8" in the order of letters on the screen.
+        const QByteArray rest = number.mid(length);
+        if (key.startsWith(family.name) && length > 0 && (rest.isEmpty() || rest == "I")) {
             return family.iconvName + number.left(length);
         }
     }

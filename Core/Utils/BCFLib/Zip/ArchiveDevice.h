@@ -36,7 +36,7 @@ public:
     qint64 size() const override;
 
     ReadBudget *budget() override;
-    /// Empty until somebody has read it.
+    /// Empty until Directory::read() has filled it.
     Directory &directory();
 
     /// Whether all reads so far went well, and the file is still the one that was opened.

@@ -11,7 +11,7 @@ namespace BCFLib {
 
 namespace {
 
-/// What a zip can hold.
+/// What the two bytes for its length can tell.
 constexpr int longestName = 65535;
 
 /// The name as it is looked up.
@@ -72,9 +72,8 @@ bool Directory::enter(QuaZipDir *dir, const QString &folder)
     if (folder == QLatin1String("../")) {
         return false;
     }
-    // Names that begin with "/" and those below "." lead back to the root.
-    const bool isRoot = folder == QLatin1String("/") || folder == QLatin1String("./");
-    dir->setPath(isRoot ? QString() : folder);
+    // What stands below "." leads back to the root, as does a name that begins with "/".
+    dir->setPath(folder == QLatin1String("./") ? QStringLiteral("/") : folder);
     return true;
 }
 

@@ -14,8 +14,8 @@ namespace BCFLib {
 
 /// Where the entries of an archive stand, from one walk over its directory.
 ///
-/// QuaZip keeps the names that it tells in a hash, and takes quadratic time over names that were chosen to
-/// hash alike. So it is not asked.
+/// QuaZip can look entries up as well, but in a hash, and takes quadratic time over names that were chosen to
+/// hash alike.
 class Directory
 {
 public:
@@ -27,8 +27,8 @@ public:
 
     /// Moves @p zip to the entry of that name, the last if there are several; false if there is none.
     ///
-    /// Whether case counts is as for QuaZip::setCurrentFile(), which does the work for archives that were not
-    /// opened by way of an ArchiveDevice.
+    /// Case counts where it does for QuaZip::setCurrentFile(), which is asked where a host opened the archive
+    /// by a device of its own.
     static bool goTo(QuaZip *zip, const QString &name);
 
     /// Moves @p dir, which stands anywhere, into one of the root folders. False for "../".

@@ -61,15 +61,15 @@ QString numbered(const QString &name, int number)
     return QString(name).insert(dot > 0 ? dot : name.size(), QString::number(number));
 }
 
-/// What a wish that can't be is replaced by, apart from the number.
-QString pattern(const EntryNames::Wish &wish)
+/// What gets a number where a wish is not granted: the wished name itself, if it can be told with one.
+QString base(const EntryNames::Wish &wish)
 {
     const bool canBeNumbered = !wish.name.contains(separator) && isHarmless(wish.name)
         && isHarmless(numbered(wish.name, std::numeric_limits<int>::max()));
     return canBeNumbered ? wish.name : wish.substitute;
 }
 
-/// The names that are given away, folded. No hash: names can be chosen such that all hash alike.
+/// The names that are given away, folded. Not in a hash: names can be chosen such that all hash alike.
 class TakenNames
 {
 public:
@@ -112,7 +112,7 @@ QStringList EntryNames::distinct(const QVector<Wish> &wishes, const QStringList 
     int number = 0;
     for (int i = 0; i < wishes.size(); ++i) {
         while (names.at(i).isEmpty() && !wishes.at(i).substitute.isEmpty()) {
-            const QString name = numbered(pattern(wishes.at(i)), ++number);
+            const QString name = numbered(base(wishes.at(i)), ++number);
             names[i] = isHarmless(name) && takenNames.take(name) ? name : QString();
         }
     }
