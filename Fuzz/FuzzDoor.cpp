@@ -95,7 +95,9 @@ bool isUtf8(const QByteArray &file)
     const QByteArray declaration = file.left(qMin(1024, file.indexOf("?>"))).toLower();
     return !file.left(4).contains('\0') && !file.startsWith("\xFF\xFE") && !file.startsWith("\xFE\xFF")
         && (!declaration.contains("encoding")
-            || (declaration.contains("utf-8") && declaration.count("encoding") == 1));
+            || QRegularExpression("\\A(?!.*encoding.*encoding).*encoding[^\"']*[\"']utf-8[\"']")
+                   .match(declaration)
+                   .hasMatch());
 }
 
 std::string decoded(const QByteArray &file)
