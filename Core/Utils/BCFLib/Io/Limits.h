@@ -37,8 +37,8 @@ constexpr qint64 attachmentBytes = 2LL * 1024 * 1024 * 1024 - 64;
 constexpr qint64 archiveCost = 256LL * 1024 * 1024;
 constexpr qint64 archiveCostPerByte = 64;
 
-/// What opening an entry costs.
-constexpr qint64 entryCost = 2048;
+/// What opening an entry costs. Each takes at least 150 bytes of an archive.
+constexpr qint64 entryCost = 4096;
 
 /// What an element, an attribute or another node of an XML file costs: the objects that come of one take up
 /// to four times as much memory.

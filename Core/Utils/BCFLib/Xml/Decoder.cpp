@@ -157,14 +157,15 @@ struct Reference
         const std::size_t end = text.substr(0, longestReference).find(';');
         const bool isHexadecimal = startsWith(text, "&#x");
         const std::size_t begin = isHexadecimal ? 3 : 2;
-        if (end == std::string_view::npos || end == begin || !isxdigit(text[begin])) {
+        if (end == std::string_view::npos || end == begin) {
             return;
         }
         const QByteArray digits(text.data() + begin, static_cast<int>(end - begin));
-        bool isNumber = false;
-        const qulonglong value = digits.toULongLong(&isNumber, isHexadecimal ? 16 : 10);
-        // More digits than a number holds name no character either.
-        if (isNumber || std::all_of(digits.begin(), digits.end(), isxdigit)) {
+        const auto isDigit = [=](unsigned char c) { return (isHexadecimal ? isxdigit(c) : isdigit(c)) != 0; };
+        if (std::all_of(digits.begin(), digits.end(), isDigit)) {
+            bool isNumber = false;
+            const qulonglong value = digits.toULongLong(&isNumber, isHexadecimal ? 16 : 10);
+            // More digits than a number holds name no character either.
             code = isNumber ? static_cast<uint>(std::min<qulonglong>(value, 0x110000)) : 0x110000;
             length = end + 1;
         }
