@@ -2,7 +2,8 @@
 """check-includes.py [--draw FILE]
 
 Fails where the library's folders lean on each other in a way that they must not: a folder includes one
-above it, two files include each other, or a header for hosts includes an internal one.
+above it, two files include each other, or a header for hosts includes an internal one; and where a file
+has more than 500 lines.
 
 With --draw it writes a picture of the folders for Graphviz instead: which includes which.
 """
@@ -36,7 +37,7 @@ def folder(path):
 
 def included(path):
     """The files of the library that one of them includes."""
-    for name in re.findall(r'^\s*#\s*include\s+[<"]([^>"]+)[>"]', path.read_text(), re.M):
+    for name in re.findall(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', path.read_text(), re.M):
         name = name.removeprefix("Core/Utils/BCFLib/")
         for candidate in (path.parent / name, LIBRARY / name):
             if candidate.exists():
@@ -64,7 +65,7 @@ def cycle(graph):
 
 
 def include_graph():
-    files = sorted(path.resolve() for path in LIBRARY.rglob("*") if path.suffix in (".h", ".cpp"))
+    files = sorted(path.resolve() for path in LIBRARY.rglob("*.[ch]*"))
     return {path: sorted(set(included(path))) for path in files}
 
 
