@@ -2,8 +2,8 @@
 """check-includes.py [--draw FILE]
 
 Fails where the library's folders lean on each other in a way that they must not: a folder includes one
-above it, two files include each other, or a header for hosts includes an internal one; and where a file
-has more than 500 lines.
+above it, files include each other, a header for hosts includes an internal one, or an include hides what
+it brings. Fails also where a file has more than 500 lines.
 
 With --draw it writes a picture of the folders for Graphviz instead: which includes which.
 """
@@ -11,7 +11,8 @@ import re
 import sys
 from pathlib import Path
 
-LIBRARY = Path(__file__).resolve().parent.parent / "Core/Utils/BCFLib"
+ROOT = Path(__file__).resolve().parent.parent
+LIBRARY = ROOT / "Core/Utils/BCFLib"
 
 PROMISES = {
     "Io": "bytes within bounds",
@@ -21,13 +22,15 @@ PROMISES = {
     "Variant": "maps and lists",
     ".": "the classes of hosts",
     "Archive": "loading and saving",
+    "Lookup": "which objects index guids",
     "Markup": "markup.bcf",
     "ViewpointFile": "the viewpoint file",
     "VariantForm": "the variant form",
 }
-# What each folder may include. "." are the classes of hosts; the folders after it hold their members.
+# What each folder may include. "." are the classes of hosts; the folders after it hold their members, and
+# no headers.
 INTERNAL = {"Io": [], "Xml": ["Io"], "Zip": ["Io"], "Tree": [], "Variant": []}
-MEMBERS = ["Archive", "Markup", "ViewpointFile", "VariantForm"]
+MEMBERS = ["Archive", "Lookup", "Markup", "ViewpointFile", "VariantForm"]
 ALLOWED = {**INTERNAL, ".": list(INTERNAL), **{folder: [".", *INTERNAL] for folder in MEMBERS}}
 
 
@@ -35,13 +38,25 @@ def folder(path):
     return str(path.relative_to(LIBRARY).parent)
 
 
+def code(path):
+    """The text of a file without comments, its continued lines in one."""
+    text = path.read_text().replace("\\\n", "")
+    return re.sub(r'//[^\n]*|/\*.*?\*/|("(?:\\.|[^"\\\n])*")', lambda match: match[1] or " ", text, flags=re.S)
+
+
+def includes(path):
+    """What stands behind each #include of a file."""
+    return re.findall(r"^\s*#\s*(?:include|include_next|import)\b\s*(.*?)\s*$", code(path), re.M)
+
+
 def included(path):
     """The files of the library that one of them includes."""
-    for name in re.findall(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', path.read_text(), re.M):
-        name = name.removeprefix("Core/Utils/BCFLib/")
-        for candidate in (path.parent / name, LIBRARY / name):
-            if candidate.exists():
-                yield candidate.resolve()
+    for name in includes(path):
+        for place in (path.parent, LIBRARY, ROOT):
+            candidate = (place / name.strip('<>"')).resolve()
+            if candidate.is_file():
+                if candidate.is_relative_to(LIBRARY):
+                    yield candidate
                 break
 
 
@@ -65,7 +80,7 @@ def cycle(graph):
 
 
 def include_graph():
-    files = sorted(path.resolve() for path in LIBRARY.rglob("*.[ch]*"))
+    files = sorted(path for path in LIBRARY.rglob("*") if path.is_file() and path.name != "CMakeLists.txt")
     return {path: sorted(set(included(path))) for path in files}
 
 
@@ -96,8 +111,15 @@ def complaints(graph):
         if folder(path) not in ALLOWED:
             yield f"{source}: no rule says what its folder may include"
             continue
+        if path.suffix not in (".h", ".cpp") or (path.suffix == ".h" and folder(path) in MEMBERS):
+            yield f"{source} is no file of the kinds that its folder holds"
+        for name in includes(path):
+            if not re.fullmatch(r'<[^>]+>|"[^"]+"', name):
+                yield f"{source} includes {name}, which hides what it brings"
         for target in targets:
             name = target.relative_to(LIBRARY)
+            if target.suffix != ".h":
+                yield f"{source} includes {name}, which is no header"
             if folder(target) != folder(path) and folder(target) not in ALLOWED[folder(path)]:
                 yield f"{source} includes {name}, which stands above it or beside"
             if path.suffix == ".h" and folder(path) == "." and folder(target) != ".":
@@ -109,6 +131,10 @@ def complaints(graph):
         count = len(path.read_text().splitlines())
         if count > 500:
             yield f"{path.relative_to(LIBRARY)} has {count} lines; 500 are the most"
+    # The two small libraries below this one.
+    for path in sorted(LIBRARY.parent.glob("*/*.[ch]*")):
+        if path.parent != LIBRARY and any(included(path)):
+            yield f"{path.relative_to(LIBRARY.parent)} includes a header of {LIBRARY.name}, which stands above it"
 
 
 if sys.argv[1:2] == ["--draw"]:
