@@ -15,7 +15,7 @@ namespace BCFLib {
 
 BCFModel::BCFModel(QObject *parent)
     : QObject(parent)
-    , _index(std::make_unique<GuidIndex>(this, &Topic::staticMetaObject))
+    , _topicIndex(std::make_unique<GuidIndex>(this, &Topic::staticMetaObject))
 {
 }
 
@@ -115,7 +115,7 @@ QList<Topic *> BCFModel::topics() const
 
 Topic *BCFModel::topic(const QString &guid) const
 {
-    return _index->find<Topic>(guid);
+    return _topicIndex->find<Topic>(guid);
 }
 
 Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, const QDateTime &creationDate,

@@ -2,33 +2,23 @@
 
 #include "BCFModel.h"
 #include "BCF_2_0_Comment.h"
-#include "BCF_2_0_Component.h"
 #include "BCF_2_0_Viewpoint.h"
 #include "BimSnippet.h"
-#include "Bitmap.h"
-#include "ClippingPlane.h"
 #include "Comment.h"
-#include "Component.h"
-#include "Components.h"
 #include "DocumentReference.h"
 #include "File.h"
 #include "Io/Limits.h"
 #include "Io/ReadAll.h"
-#include "Line.h"
-#include "Project.h"
 #include "RelatedTopic.h"
-#include "Tree/Guid.h"
 #include "Tree/GuidIndex.h"
 #include "Tree/Owners.h"
 #include "Tree/Search.h"
-#include "Version.h"
 #include "Viewpoint.h"
 
-#include <QChildEvent>
+#include <Core/Utils/Utility/NewId.h>
 #include <QFileInfo>
 #include <QIODevice>
 #include <memory>
-#include <typeinfo>
 #include <utility>
 
 namespace BCFLib {
@@ -40,67 +30,7 @@ bool hasFileName(const QString &path, const QString &name)
     return QFileInfo(path).fileName() == name;
 }
 
-template<class... Classes>
-bool isAnyOf(const std::type_info &type)
-{
-    return ((type == typeid(Classes)) || ...);
-}
-
 } // namespace
-
-struct Topic::GuidIndexes
-{
-    explicit GuidIndexes(const Topic *topic)
-        : comments(topic, &Comment::staticMetaObject)
-        , viewpoints(topic, &Viewpoint::staticMetaObject)
-    {
-    }
-
-    GuidIndex comments;
-    GuidIndex viewpoints;
-};
-
-void Owners::childEvent(const QObject *parent, const QChildEvent *event)
-{
-    // Added children are reported to all ancestors, removed ones to the parent only.
-    const QObject *const top = event->added() ? nullptr : parent->parent();
-    for (const QObject *object = parent; object != top; object = object->parent()) {
-        if (const Topic *topic = qobject_cast<const Topic *>(object)) {
-            topic->_indexes->comments.childEvent(event);
-            topic->_indexes->viewpoints.childEvent(event);
-        } else if (const BCFModel *model = qobject_cast<const BCFModel *>(object)) {
-            model->_index->childEvent(event);
-        }
-    }
-}
-
-void Owners::aboutToRename(const QObject *child, const QString &guid)
-{
-    if (const Topic *topic = qobject_cast<const Topic *>(child->parent())) {
-        topic->_indexes->comments.aboutToRename(child, guid);
-        topic->_indexes->viewpoints.aboutToRename(child, guid);
-    } else if (const BCFModel *model = qobject_cast<const BCFModel *>(child->parent())) {
-        model->_index->aboutToRename(child, guid);
-    }
-}
-
-void Owners::aboutToGo(const QObject *child)
-{
-    if (const Topic *topic = qobject_cast<const Topic *>(child->parent())) {
-        topic->_indexes->comments.forget(child);
-        topic->_indexes->viewpoints.forget(child);
-    } else if (const BCFModel *model = qobject_cast<const BCFModel *>(child->parent())) {
-        model->_index->forget(child);
-    }
-}
-
-bool Owners::areToldBy(const QObject *object)
-{
-    // Not by its meta-object: a subclass of a host needs none, and may keep events to itself.
-    return isAnyOf<Component, BCF_2_0_Lib::Component, Components, Line, ClippingPlane, Bitmap, Viewpoint,
-                   BCF_2_0_Lib::Viewpoint, Comment, BCF_2_0_Lib::Comment, File, BimSnippet, DocumentReference,
-                   RelatedTopic, Topic, Project, Version, BCFModel>(typeid(*object));
-}
 
 Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,
              QObject *parent)
@@ -108,9 +38,10 @@ Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, cons
     , _title(std::move(title))
     , _creationDate(std::move(creationDate))
     , _creationAuthor(std::move(creationAuthor))
-    , _indexes(std::make_unique<GuidIndexes>(this))
+    , _commentIndex(std::make_unique<GuidIndex>(this, &Comment::staticMetaObject))
+    , _viewpointIndex(std::make_unique<GuidIndex>(this, &Viewpoint::staticMetaObject))
 {
-    setObjectName(guidOrNewId(guid));
+    setObjectName(guidOrNew(guid));
 }
 
 Topic::Topic(const QVariant &variant, QObject *parent)
@@ -127,6 +58,11 @@ Topic::~Topic()
 void Topic::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);
+}
+
+QString Topic::guidOrNew(const QString &guid)
+{
+    return guid.isEmpty() ? Tavrin::NewId() : guid;
 }
 
 QString Topic::guid() const
@@ -279,7 +215,7 @@ QList<Comment *> Topic::comments() const
 
 Comment *Topic::comment(const QString &guid) const
 {
-    return _indexes->comments.find<Comment>(guid);
+    return _commentIndex->find<Comment>(guid);
 }
 
 Comment *Topic::addComment(const QString &guid)
@@ -287,7 +223,7 @@ Comment *Topic::addComment(const QString &guid)
     if (!guid.isEmpty()) {
         removeComment(guid);
     }
-    Comment *comment = createComment(guidOrNewId(guid));
+    Comment *comment = createComment(guidOrNew(guid));
     comment->setTopic(this);
     return comment;
 }
@@ -317,7 +253,7 @@ QList<Viewpoint *> Topic::viewpoints() const
 
 Viewpoint *Topic::viewpoint(const QString &guid) const
 {
-    return _indexes->viewpoints.find<Viewpoint>(guid);
+    return _viewpointIndex->find<Viewpoint>(guid);
 }
 
 Viewpoint *Topic::addViewpoint(const QString &guid)
@@ -325,8 +261,8 @@ Viewpoint *Topic::addViewpoint(const QString &guid)
     if (!guid.isEmpty()) {
         removeViewpoint(guid);
     }
-    Viewpoint *viewpoint = createViewpoint(guidOrNewId(guid));
-    if (_indexes->viewpoints.count<Viewpoint>() == 1) {
+    Viewpoint *viewpoint = createViewpoint(guidOrNew(guid));
+    if (_viewpointIndex->count<Viewpoint>() == 1) {
         viewpoint->setViewpointFilename(QStringLiteral("viewpoint.bcfv"));
     }
     return viewpoint;
@@ -345,7 +281,7 @@ int Topic::positionOf(const Viewpoint *viewpoint) const
 {
     const QObjectList &all = children();
     if (!all.isEmpty() && all.last() == viewpoint && viewpoint->findChild<Viewpoint *>() == nullptr) {
-        return _indexes->viewpoints.count<Viewpoint>() - 1;
+        return _viewpointIndex->count<Viewpoint>() - 1;
     }
     return viewpoints().indexOf(const_cast<Viewpoint *>(viewpoint));
 }
@@ -453,7 +389,7 @@ QList<RelatedTopic *> Topic::relatedTopics() const
 
 RelatedTopic *Topic::addRelatedTopic(const QString &guid)
 {
-    return new RelatedTopic(guidOrNewId(guid), this);
+    return new RelatedTopic(guidOrNew(guid), this);
 }
 
 void Topic::removeRelatedTopics()

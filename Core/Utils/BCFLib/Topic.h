@@ -29,6 +29,7 @@ class BimSnippet;
 class Comment;
 class DocumentReference;
 class File;
+class GuidIndex;
 struct Owners;
 class RelatedTopic;
 class Viewpoint;
@@ -262,7 +263,6 @@ private:
     friend class BCFModel;
     friend class Viewpoint;
     friend struct Owners;
-    struct GuidIndexes;
 
     /// The names under which a save writes a viewpoint's file and image; empty where there is none.
     struct ViewpointEntries
@@ -274,6 +274,9 @@ private:
     /// Those of each viewpoint, in the order of viewpoints(). They differ from the names that the viewpoints
     /// hold where several hold one name, or one that can't be.
     QVector<ViewpointEntries> viewpointEntries() const;
+
+    /// The guid itself, or a fresh one where it is empty.
+    static QString guidOrNew(const QString &guid);
     void readAttachments(const QDomElement &topic);
     /// Has what is finished of a file printed, if one is being written.
     void printFinished(const QDomDocument &document) const;
@@ -301,7 +304,8 @@ private:
     bool _isCreationDateOfFile = false;
     bool _isModifiedDateOfFile = false;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
-    std::unique_ptr<GuidIndexes> _indexes;
+    std::unique_ptr<GuidIndex> _commentIndex;
+    std::unique_ptr<GuidIndex> _viewpointIndex;
     /// Only while a file is written.
     Xml::Printer *_printer = nullptr;
 };

@@ -1,6 +1,5 @@
 #include "Viewpoint.h"
 
-#include "BCF_2_0_Viewpoint.h"
 #include "Bitmap.h"
 #include "ClippingPlane.h"
 #include "Components.h"
@@ -14,7 +13,6 @@
 #include <QFileInfo>
 #include <QIODevice>
 #include <log4cplus/log4cplus.h>
-#include <typeinfo>
 
 namespace BCFLib {
 
@@ -145,12 +143,6 @@ QList<Bitmap *> Viewpoint::bitmaps() const
 Bitmap *Viewpoint::addBitmap()
 {
     return new Bitmap(this);
-}
-
-bool Viewpoint::isOwnClass() const
-{
-    const std::type_info &type = typeid(*this);
-    return type == typeid(Viewpoint) || type == typeid(BCF_2_0_Lib::Viewpoint);
 }
 
 Components *Viewpoint::components() const

@@ -160,8 +160,6 @@ private:
     void readBitmaps(QDomElement &root);
     void readAndCheckValidBitmap(const QDomElement &element);
 
-    /// Whether the class is one of the library. One of the host may look at documents by itself.
-    bool isOwnClass() const;
     /// Has what is finished of a file printed, if one is being written and only the library looks at it.
     void printFinished(const QDomDocument &document) const;
     void writeCameras(QDomDocument &document, QDomElement &root);

@@ -9,7 +9,6 @@
 #include "File.h"
 #include "Io/CacheFolder.h"
 #include "RelatedTopic.h"
-#include "Tree/Guid.h"
 #include "Viewpoint.h"
 #include "Xml/Elements.h"
 #include "Xml/Reader.h"
@@ -143,7 +142,7 @@ void Topic::readAttachments(const QDomElement &topic)
 void Topic::fillMissingFields()
 {
     const QString unknown = QStringLiteral("Unknown");
-    setGuid(guidOrNewId(guid()));
+    setGuid(guidOrNew(guid()));
     if (_title.isEmpty()) {
         _title = unknown;
     }
@@ -184,7 +183,7 @@ void Topic::readComments(QDomDocument &doc, const QString &version)
             mayDescribeTopic = false;
             return;
         }
-        const QString commentGuid = guidOrNewId(Xml::attribute(element, QStringLiteral("Guid")));
+        const QString commentGuid = guidOrNew(Xml::attribute(element, QStringLiteral("Guid")));
         Comment *comment = usesListForm(version) ? new BCF_2_0_Lib::Comment(commentGuid, this)
                                                  : new Comment(commentGuid, this);
         const QString viewpointGuid = Xml::childGuid(element, QStringLiteral("Viewpoint"));

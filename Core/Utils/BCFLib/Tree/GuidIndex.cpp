@@ -180,7 +180,7 @@ void GuidIndex::takeInTree(QObject *object)
 void GuidIndex::takeIn(QObject *object, quint64 number)
 {
     const bool isWanted = _type->cast(object) != nullptr;
-    if (!isBare(object) && !Owners::areToldBy(object)) {
+    if (!isBare(object) && !isOwnClass(object)) {
         _strangers.emplace_back(object);
     }
     if (!isWanted || object->parent() != _owner) {

@@ -7,7 +7,11 @@ class QString;
 
 namespace BCFLib {
 
+class GuidIndex;
+
 /// Notifies the owners above an object, which index guids, of added and removed children and of renames.
+///
+/// The source stands in Lookup, as only the classes of hosts know who keeps an index.
 struct Owners
 {
     /// To be called with each child event of @p parent.
@@ -16,9 +20,15 @@ struct Owners
     static void aboutToRename(const QObject *child, const QString &guid);
     /// To be called as @p child is destroyed.
     static void aboutToGo(const QObject *child);
-    /// Whether an object tells of its children.
-    static bool areToldBy(const QObject *object);
+
+private:
+    template<class Work>
+    static void withIndexesOf(const QObject *owner, const Work &work);
 };
+
+/// Whether the object's class is one of the library. One of a host may keep child events to itself, and may
+/// look at documents while they are read and written.
+bool isOwnClass(const QObject *object);
 
 } // namespace BCFLib
 

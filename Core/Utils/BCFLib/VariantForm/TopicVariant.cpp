@@ -5,7 +5,6 @@
 #include "DocumentReference.h"
 #include "File.h"
 #include "RelatedTopic.h"
-#include "Tree/Guid.h"
 #include "Variant/Maps.h"
 #include "Viewpoint.h"
 
@@ -48,7 +47,7 @@ QVariant Topic::toQVariant() const
 void Topic::fromQVariant(const QVariant &variant)
 {
     const QVariantMap map = variant.toMap();
-    setGuid(guidOrNewId(map.value(QStringLiteral("guid")).toString()));
+    setGuid(guidOrNew(map.value(QStringLiteral("guid")).toString()));
     _title = map.value(QStringLiteral("title")).toString();
     setCreationDate(Variants::toDate(map.value(QStringLiteral("creation_date"))));
     _creationAuthor = map.value(QStringLiteral("creation_author")).toString();

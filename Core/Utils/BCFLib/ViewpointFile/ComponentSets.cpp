@@ -52,8 +52,8 @@ QVector<Components::Mention> Components::readMentions(const QDomElement &list)
         mention.guid = Xml::attribute(element, QStringLiteral("IfcGuid"));
         if (!mention.guid.isEmpty()) {
             mention.ifcProjectId = Xml::attribute(element, QStringLiteral("IfcProjectGuid"));
-            Xml::readLeadingText(element, QStringLiteral("OriginatingSystem"), &mention.originatingSystem);
-            Xml::readLeadingText(element, QStringLiteral("AuthoringToolId"), &mention.authoringToolId);
+            mention.originatingSystem = Xml::leadingText(element, QStringLiteral("OriginatingSystem"));
+            mention.authoringToolId = Xml::leadingText(element, QStringLiteral("AuthoringToolId"));
             mentions.append(mention);
         }
     });
@@ -150,15 +150,6 @@ void Components::writeComponentList(QDomDocument &document, QDomElement &parent,
             viewpoint->printFinished(document);
         }
     }
-}
-
-void Component::write(QDomDocument &document, QDomElement &parent) const
-{
-    QDomElement element = Xml::appendElement(document, parent, QStringLiteral("Component"));
-    Xml::setAttribute(element, QStringLiteral("IfcGuid"), guid());
-    Xml::appendTextIfNotEmpty(document, element, QStringLiteral("OriginatingSystem"), _originatingSystem);
-    Xml::appendTextIfNotEmpty(document, element, QStringLiteral("AuthoringToolId"), _authoringToolId);
-    Xml::setAttributeIfNotEmpty(element, QStringLiteral("IfcProjectGuid"), _ifcProjectId);
 }
 
 } // namespace BCFLib

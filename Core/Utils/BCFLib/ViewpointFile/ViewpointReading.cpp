@@ -4,6 +4,7 @@
 #include "ClippingPlane.h"
 #include "Components.h"
 #include "Line.h"
+#include "Tree/Owners.h"
 #include "Xml/Elements.h"
 #include "Xml/Reader.h"
 
@@ -17,8 +18,8 @@ namespace {
 /// Stores the number that the child of that name holds; 0 if it is no number. False if there is none.
 bool readNumberElement(const QDomElement &parent, const QString &name, double *value)
 {
-    QString text;
-    if (!Xml::readLeadingText(parent, name, &text)) {
+    const QString text = Xml::leadingText(parent, name);
+    if (text.isNull()) {
         return false;
     }
     bool isNumber = false;
@@ -47,10 +48,7 @@ bool readCamera(const QDomElement &element, Camera *camera, const QString &numbe
 
 bool readBitmapFormat(const QDomElement &element, BitmapFormat *format)
 {
-    QString text;
-    if (!Xml::readLeadingText(element, QStringLiteral("Bitmap"), &text)) {
-        return false;
-    }
+    const QString text = Xml::leadingText(element, QStringLiteral("Bitmap"));
     *format = text == QLatin1String("JPG") ? JPG : PNG;
     return *format == JPG || text == QLatin1String("PNG");
 }
@@ -62,7 +60,7 @@ void Viewpoint::deserialize(QIODevice *device)
     using Runs = Xml::NodeCount::Runs;
     QDomDocument document;
     if (device == nullptr
-        || !Xml::readDocument(device, &document, isOwnClass() ? Runs::OfNumerousElements : Runs::None)) {
+        || !Xml::readDocument(device, &document, isOwnClass(this) ? Runs::OfNumerousElements : Runs::None)) {
         return;
     }
     QDomElement root = document.firstChildElement(QStringLiteral("VisualizationInfo"));
@@ -160,13 +158,12 @@ void Viewpoint::readBitmaps(QDomElement &root)
 void Viewpoint::readAndCheckValidBitmap(const QDomElement &element)
 {
     BitmapFormat format = PNG;
-    QString reference;
+    const QString reference = Xml::leadingText(element, QStringLiteral("Reference"));
     osg::Vec3d location;
     osg::Vec3d normal;
     osg::Vec3d up;
     double height = 0.0;
-    if (readBitmapFormat(element, &format)
-        && Xml::readLeadingText(element, QStringLiteral("Reference"), &reference) && !reference.isEmpty()
+    if (readBitmapFormat(element, &format) && !reference.isEmpty()
         && readPointElement(element, QStringLiteral("Location"), &location)
         && readPointElement(element, QStringLiteral("Normal"), &normal)
         && readPointElement(element, QStringLiteral("Up"), &up)

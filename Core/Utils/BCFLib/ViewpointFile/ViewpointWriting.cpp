@@ -5,6 +5,7 @@
 #include "Components.h"
 #include "DOMXml.h"
 #include "Line.h"
+#include "Tree/Owners.h"
 #include "Xml/Elements.h"
 #include "Xml/Printer.h"
 
@@ -37,7 +38,7 @@ bool Viewpoint::serialize(QIODevice *device)
 {
     QDomDocument document;
     Xml::Printer printer(device);
-    const QScopedValueRollback<Xml::Printer *> rollback(_printer, isOwnClass() ? &printer : nullptr);
+    const QScopedValueRollback<Xml::Printer *> rollback(_printer, isOwnClass(this) ? &printer : nullptr);
     QDomElement root = Xml::appendElement(document, document, QStringLiteral("VisualizationInfo"));
     writeComponents(document, root);
     writeCameras(document, root);

@@ -21,14 +21,9 @@ QString Xml::childGuid(const QDomElement &parent, const QString &name)
     return attribute(parent.firstChildElement(name), QStringLiteral("Guid"));
 }
 
-bool Xml::readLeadingText(const QDomElement &parent, const QString &name, QString *text)
+QString Xml::leadingText(const QDomElement &parent, const QString &name)
 {
-    const QDomText node = parent.firstChildElement(name).firstChild().toText();
-    if (node.isNull()) {
-        return false;
-    }
-    *text = detached(node.data());
-    return true;
+    return detached(parent.firstChildElement(name).firstChild().toText().data());
 }
 
 QDateTime Xml::childDate(const QDomElement &parent, const QString &name)

@@ -43,10 +43,9 @@ QString childText(const QDomElement &parent, const QString &name);
 /// The attribute "Guid" of the first child of that name; empty without it.
 QString childGuid(const QDomElement &parent, const QString &name);
 
-/// Stores in @p text what the first node of the first child of that name holds.
-///
-/// False, with @p text as it was, if there is no such child or it does not begin with text.
-bool readLeadingText(const QDomElement &parent, const QString &name, QString *text);
+/// What the first node of the first child of that name holds. Null, and not only empty, if there is no such
+/// child or it does not begin with text.
+QString leadingText(const QDomElement &parent, const QString &name);
 
 /// The ISO date that the first child of that name holds; invalid without one.
 QDateTime childDate(const QDomElement &parent, const QString &name);
