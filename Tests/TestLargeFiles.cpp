@@ -65,6 +65,7 @@ private slots:
     void manyElements();
     void longListsAreSavedAsShortOnesAre();
     void hostsThatLookIntoDocuments();
+    void listsThatTakeTurns();
     void documentsThatRefuseNames();
 };
 
@@ -267,14 +268,27 @@ void TestLargeFiles::hostsThatLookIntoDocuments()
     QCOMPARE(viewpoint.elements, 600);
 }
 
+void TestLargeFiles::listsThatTakeTurns()
+{
+    TestArchive archive;
+    const auto model =
+        archive.addTopic("", numbered("<Comment Guid='c%1'/><Viewpoints Guid='v%1'/>", 600)).load();
+    QCOMPARE(model->topic("t")->comments().size(), 600);
+    QCOMPARE(model->topic("t")->viewpoints().size(), 600);
+}
+
 void TestLargeFiles::documentsThatRefuseNames()
 {
     // A strict document takes no runs, whose names are none.
     BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::ReturnNullNode);
     deserialize(&viewpoint, numbered(element, 600));
+    // Qt's strict documents take nothing beyond U+FFFF either. Such a file is refused as a whole.
+    BCF_2_0_Lib::Viewpoint other("w", nullptr);
+    deserialize(&other, "<Component IfcGuid='g'><AuthoringToolId>&#x1F525;</AuthoringToolId></Component>");
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::AcceptInvalidChars);
     QCOMPARE(viewpoint.components().size(), 600);
+    QCOMPARE(other.components().size(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestLargeFiles)
