@@ -221,19 +221,18 @@ bool GuidIndex::mayBeDeeper()
 /// The first child of that guid; null if there is none.
 QObject *GuidIndex::firstOf(const QString &guid)
 {
-    auto found = _children.lower_bound(Key(endOf(guid), guid, 0));
-    if (found == _children.end() || std::get<QString>(found->first) != guid) {
-        return nullptr;
+    for (;;) {
+        const auto found = _children.lower_bound(Key(endOf(guid), guid, 0));
+        if (found == _children.end() || std::get<QString>(found->first) != guid) {
+            return nullptr;
+        }
+        QObject *child = found->second;
+        if (child != nullptr && child->parent() == _owner && child->objectName() == guid) {
+            return child;
+        }
+        // A host has kept an event from the index.
+        begin();
     }
-    QObject *child = found->second;
-    if (child != nullptr && child->parent() == _owner && child->objectName() == guid) {
-        return child;
-    }
-    // A host has kept an event from the index.
-    begin();
-    found = _children.lower_bound(Key(endOf(guid), guid, 0));
-    return found != _children.end() && std::get<QString>(found->first) == guid ? found->second.data()
-                                                                               : nullptr;
 }
 
 } // namespace BCFLib

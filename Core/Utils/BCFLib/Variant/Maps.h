@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QVariantMap>
+#include <functional>
 
 namespace BCFLib {
 
@@ -17,14 +18,14 @@ inline void insertIfNotEmpty(QVariantMap &map, const QString &key, const QString
     }
 }
 
-/// The list of the forms of @p objects under @p key, if there are any.
-template<class List>
-void insertFormsIfNotEmpty(QVariantMap &map, const QString &key, const List &objects)
+/// The list of what @p form gives for each of @p objects, if there are any.
+template<class T, class Form>
+void insertFormsIfNotEmpty(QVariantMap &map, const QString &key, const QList<T *> &objects, const Form &form)
 {
     QVariantList forms;
     forms.reserve(objects.size());
-    for (const auto *object : objects) {
-        forms.append(object->toQVariant());
+    for (const T *object : objects) {
+        forms.append(std::invoke(form, object));
     }
     if (!forms.isEmpty()) {
         map.insert(key, forms);

@@ -36,11 +36,13 @@ QVariant Topic::toQVariant() const
     if (const BimSnippet *snippet = bimSnippet()) {
         map.insert(QStringLiteral("bim_snippet"), snippet->toQVariant());
     }
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("files"), files());
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("document_references"), documentReferences());
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("related_topics"), relatedTopics());
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("comments"), comments());
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("viewpoints"), viewpoints());
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("files"), files(), &File::toQVariant);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("document_references"), documentReferences(),
+                                    &DocumentReference::toQVariant);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("related_topics"), relatedTopics(),
+                                    &RelatedTopic::toQVariant);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("comments"), comments(), &Comment::toQVariant);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("viewpoints"), viewpoints(), &Viewpoint::toQVariant);
     return map;
 }
 

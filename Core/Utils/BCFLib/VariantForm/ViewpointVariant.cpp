@@ -45,20 +45,6 @@ QVariantMap bitmapForm(const Bitmap *bitmap)
             {QStringLiteral("height"), bitmap->height()}};
 }
 
-template<class T>
-void insertForms(QVariantMap &map, const QString &key, const QList<T *> &objects,
-                 QVariantMap (*form)(const T *))
-{
-    QVariantList forms;
-    forms.reserve(objects.size());
-    for (const T *object : objects) {
-        forms.append(form(object));
-    }
-    if (!forms.isEmpty()) {
-        map.insert(key, forms);
-    }
-}
-
 /// The image that the value under "snapshot_data" tells: bytes, or the text of a data URL.
 QByteArray imageFromForm(const QVariant &value)
 {
@@ -105,9 +91,10 @@ QVariant Viewpoint::toQVariant() const
     if ((_whichCameraIsSet & perspectiveBit) != 0) {
         map.insert(QStringLiteral("perspective_camera"), _perspectiveCamera.toQVariant());
     }
-    insertForms(map, QStringLiteral("lines"), lines(), lineForm);
-    insertForms(map, QStringLiteral("clipping_planes"), clippingPlanes(), clippingPlaneForm);
-    insertForms(map, QStringLiteral("bitmaps"), bitmaps(), bitmapForm);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("lines"), lines(), lineForm);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("clipping_planes"), clippingPlanes(),
+                                    clippingPlaneForm);
+    Variants::insertFormsIfNotEmpty(map, QStringLiteral("bitmaps"), bitmaps(), bitmapForm);
     map.insert(QStringLiteral("components"), componentsToQVariant());
     return map;
 }

@@ -1,12 +1,14 @@
 #include "Decoder.h"
 
 #include "Encodings.h"
+#include "Text.h"
 
 #include <QByteArray>
 #include <QChar>
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <new>
 #include <utility>
 
@@ -111,70 +113,40 @@ bool mayHoldMarkup(std::string_view text, unsigned char kinds)
     return endsInBeginning || (kinds & Markup) != 0;
 }
 
-/// The length of the longest beginning that is UTF-8, U+FFFE and U+FFFF aside, which are no text.
-std::size_t lengthOfUtf8(std::string_view text)
+/// The length of some UTF-8 without the beginning of a character at its end.
+std::size_t lengthOfWhole(std::string_view utf8)
 {
-    const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    std::size_t at = 0;
-    while (at < text.size()) {
-        const unsigned first = byte(at);
-        if (first < 0x80) {
-            ++at;
-            continue;
+    const std::size_t size = utf8.size();
+    for (std::size_t left = 1; left < 4 && left <= size; ++left) {
+        const unsigned char byte = static_cast<unsigned char>(utf8[size - left]);
+        const std::size_t length = byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
+        if (length > 1 || byte < 0x80) {
+            return left < length ? size - left : size;
         }
-        const std::size_t length = first < 0xC2 || first > 0xF4 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-        if (length == 0 || at + length > text.size()) {
-            return at;
-        }
-        unsigned code = first & (0x7FU >> length);
-        for (std::size_t i = 1; i < length; ++i) {
-            if ((byte(at + i) & 0xC0U) != 0x80) {
-                return at;
-            }
-            code = code << 6 | (byte(at + i) & 0x3FU);
-        }
-        const bool isOverlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-        if (isOverlong || QChar::isSurrogate(code) || code == 0xFFFE || code == 0xFFFF || code > 0x10FFFF) {
-            return at;
-        }
-        at += length;
     }
-    return at;
+    return size;
 }
 
 /// A reference to a character at the beginning of a text.
 struct Reference
 {
+    /// 0 if there is none, and if its number is too large for one.
     uint code = 0;
     /// 0 if there is none.
     std::size_t length = 0;
 
     explicit Reference(std::string_view text)
     {
-        if (!startsWith(text, "&#")) {
-            return;
-        }
         const std::size_t end = text.substr(0, longestReference).find(';');
-        const bool isHexadecimal = startsWith(text, "&#x");
-        const std::size_t begin = isHexadecimal ? 3 : 2;
-        if (end == std::string_view::npos || end == begin) {
+        if (!startsWith(text, "&#") || end == std::string_view::npos) {
             return;
         }
-        const QByteArray digits(text.data() + begin, static_cast<int>(end - begin));
-        const auto isDigit = [=](unsigned char c) { return (isHexadecimal ? isxdigit(c) : isdigit(c)) != 0; };
-        if (std::all_of(digits.begin(), digits.end(), isDigit)) {
-            bool isNumber = false;
-            const qulonglong value = digits.toULongLong(&isNumber, isHexadecimal ? 16 : 10);
-            // More digits than a number holds name no character either.
-            code = isNumber ? static_cast<uint>(std::min<qulonglong>(value, 0x110000)) : 0x110000;
+        const bool isHexadecimal = startsWith(text, "&#x");
+        const char *digits = text.data() + (isHexadecimal ? 3 : 2);
+        const auto result = std::from_chars(digits, text.data() + end, code, isHexadecimal ? 16 : 10);
+        if (result.ec != std::errc::invalid_argument && result.ptr == text.data() + end) {
             length = end + 1;
         }
-    }
-
-    bool isReadable() const
-    {
-        const bool isControl = code < 0x20 && code != '\t' && code != '\n' && code != '\r';
-        return !isControl && !QChar::isSurrogate(code) && code != 0xFFFE && code != 0xFFFF && code < 0x110000;
     }
 };
 
@@ -214,15 +186,12 @@ std::string_view Xml::Decoder::decode(std::string_view bytes, bool isLast)
     return _output;
 }
 
-/// Whether nothing has to be done to these bytes, as with nearly all.
+/// Whether nothing has to be done to these bytes, as with most.
 bool Xml::Decoder::isPlain(std::string_view bytes) const
 {
-    if (!_isUtf8 || !_bytes.empty() || !_text.empty() || !_sectionEnd.empty()) {
-        return false;
-    }
     const unsigned char kinds = kindsIn(bytes);
-    return (kinds & Control) == 0 && !mayHoldMarkup(bytes, kinds)
-        && (kinds == Plain || lengthOfUtf8(bytes) == bytes.size());
+    return _isUtf8 && _bytes.empty() && _text.empty() && _sectionEnd.empty() && kinds == Plain
+        && !mayHoldMarkup(bytes, kinds);
 }
 
 void Xml::Decoder::begin()
@@ -280,36 +249,13 @@ bool Xml::Decoder::extendsAscii() const
     return std::string_view(text.data(), text.size() - room) == ascii;
 }
 
-/// Appends UTF-8, with what is no text of XML replaced, and gives the number of bytes that were used: fewer
-/// only if it is not complete and its last bytes could be the beginning of a character.
-std::size_t Xml::Decoder::appendText(std::string_view utf8, bool isComplete)
+/// Appends UTF-8, with what is no text of XML replaced.
+void Xml::Decoder::appendText(std::string_view utf8)
 {
-    std::size_t done = 0;
-    for (;;) {
-        const std::string_view rest = utf8.substr(done);
-        const std::size_t length = lengthOfUtf8(rest);
-        appendWithoutControls(rest.substr(0, length));
-        done += length;
-        if (done == utf8.size() || (utf8.size() - done < 4 && !isComplete)) {
-            return done;
-        }
-        _text += replacement;
-        // A whole noncharacter (U+FFFE, U+FFFF) is replaced once.
-        const std::string_view bad = rest.substr(length);
-        const bool isNoText = startsWith(bad, "\xEF\xBF\xBE") || startsWith(bad, "\xEF\xBF\xBF");
-        done += isNoText ? 3 : 1;
-    }
-}
-
-void Xml::Decoder::appendWithoutControls(std::string_view text)
-{
-    if ((kindsIn(text) & Control) == 0) {
-        _text += text;
-        return;
-    }
-    for (const char c : text) {
-        const bool isControl = (kindsIn({&c, 1}) & Control) != 0;
-        isControl ? _text += replacement : _text += c;
+    if ((kindsIn(utf8) & (NotAscii | Control)) == 0) {
+        _text += utf8;
+    } else {
+        _text += writableText(fromUtf8(utf8)).toStdString();
     }
 }
 
@@ -318,7 +264,11 @@ void Xml::Decoder::appendWithoutControls(std::string_view text)
 void Xml::Decoder::appendUtf8(std::string_view bytes)
 {
     _bytes += bytes;
-    std::size_t done = _isUtf8 ? appendText(_bytes, false) : 0;
+    std::size_t done = 0;
+    if (_isUtf8) {
+        done = lengthOfWhole(_bytes);
+        appendText({_bytes.data(), done});
+    }
     while (!_isUtf8 && done < _bytes.size()) {
         std::array<char, 4096> piece;
         char *in = &_bytes[done];
@@ -328,7 +278,7 @@ void Xml::Decoder::appendUtf8(std::string_view bytes)
         const std::size_t result = iconv(_converter, &in, &left, &out, &room);
         const int error = result == static_cast<std::size_t>(-1) ? errno : 0;
         // Some converters let numbers through that are no characters.
-        appendText({piece.data(), piece.size() - room}, true);
+        appendText({piece.data(), piece.size() - room});
         done = _bytes.size() - left;
         if (error == EINVAL) {
             break;
@@ -349,64 +299,65 @@ void Xml::Decoder::replaceUnreadable(bool isLast)
         return;
     }
     _output.clear();
-    const std::string_view all = _text;
-    std::size_t at = 0;
-    while (at < all.size()) {
-        if (!_sectionEnd.empty()) {
-            const std::size_t end = all.find(_sectionEnd, at);
-            if (end == std::string_view::npos) {
-                const std::size_t kept = isLast ? 0 : std::min(all.size() - at, _sectionEnd.size() - 1);
-                _output += all.substr(at, all.size() - at - kept);
-                at = all.size() - kept;
-                break;
-            }
-            _output += all.substr(at, end + _sectionEnd.size() - at);
-            at = end + _sectionEnd.size();
-            _sectionEnd = {};
-            continue;
-        }
-        std::size_t markup = at;
-        while (markup < all.size() && all[markup] != '<' && all[markup] != '&' && all[markup] != ']') {
-            ++markup;
-        }
-        _output += all.substr(at, markup - at);
-        at = markup;
-        if (at == all.size()) {
-            break;
-        }
-        const std::string_view rest = all.substr(at);
-        const bool mayBeMore =
-            rest.size() == 1 || rest[1] == '!' || rest[1] == '?' || rest[1] == '#' || rest == "]]";
-        if (rest.size() < 2 * longestReference && mayBeMore && !isLast) {
-            break;
-        }
-        if (startsWith(rest, sectionEnd)) {
-            // Malformed, but unambiguous.
-            _output += "]]&gt;";
-            at += sectionEnd.size();
-            continue;
-        }
-        const Reference reference(rest);
-        if (reference.length == 0 || reference.isReadable()) {
-            _sectionEnd = sectionEndAt(rest);
-            _output += all[at];
-            ++at;
-            continue;
-        }
-        at += reference.length;
-        const Reference second(all.substr(at));
-        if (QChar::isHighSurrogate(reference.code) && QChar::isLowSurrogate(second.code)) {
-            // Some tools write a character beyond U+FFFF as its two surrogates.
-            _output += "&#"
-                + std::to_string(QChar::surrogateToUcs4(static_cast<ushort>(reference.code),
-                                                        static_cast<ushort>(second.code)))
-                + ';';
-            at += second.length;
-        } else {
-            _output += replacement;
-        }
+    std::string_view rest = _text;
+    for (std::size_t moved = 1; moved > 0; rest.remove_prefix(moved)) {
+        const auto isMarkup = [](char c) { return c == '<' || c == '&' || c == ']'; };
+        const bool isInSection = !_sectionEnd.empty();
+        const bool isAtMarkup = !rest.empty() && isMarkup(rest.front());
+        moved = isInSection ? moveSection(rest, isLast)
+            : isAtMarkup    ? moveMarkup(rest, isLast)
+                            : move(rest, std::find_if(rest.begin(), rest.end(), isMarkup) - rest.begin());
     }
-    _text.erase(0, at);
+    _text.erase(0, _text.size() - rest.size());
+}
+
+/// Moves so much from the front of a text.
+std::size_t Xml::Decoder::move(std::string_view text, std::size_t length)
+{
+    _output += text.substr(0, length);
+    return length;
+}
+
+/// Moves what is left of a section.
+std::size_t Xml::Decoder::moveSection(std::string_view text, bool isLast)
+{
+    const std::size_t end = text.find(_sectionEnd);
+    if (end == std::string_view::npos) {
+        const std::size_t kept = isLast ? 0 : std::min(text.size(), _sectionEnd.size() - 1);
+        return move(text, text.size() - kept);
+    }
+    return move(text, end + std::exchange(_sectionEnd, {}).size());
+}
+
+/// Moves what begins with markup: what has to be replaced, or one character. Nothing while that can't be
+/// told.
+std::size_t Xml::Decoder::moveMarkup(std::string_view text, bool isLast)
+{
+    const bool mayBeMore =
+        text.size() == 1 || text[1] == '!' || text[1] == '?' || text[1] == '#' || text == "]]";
+    if (text.size() < 2 * longestReference && mayBeMore && !isLast) {
+        return 0;
+    }
+    if (startsWith(text, sectionEnd)) {
+        // Malformed, but unambiguous.
+        _output += "]]&gt;";
+        return sectionEnd.size();
+    }
+    const Reference reference(text);
+    if (reference.length == 0 || isCharacter(reference.code)) {
+        _sectionEnd = sectionEndAt(text);
+        return move(text, 1);
+    }
+    const Reference second(text.substr(reference.length));
+    if (QChar::isHighSurrogate(reference.code) && QChar::isLowSurrogate(second.code)) {
+        // Some tools write a character beyond U+FFFF as its two surrogates.
+        const uint code =
+            QChar::surrogateToUcs4(static_cast<ushort>(reference.code), static_cast<ushort>(second.code));
+        _output += "&#" + std::to_string(code) + ';';
+        return reference.length + second.length;
+    }
+    _output += replacement;
+    return reference.length;
 }
 
 } // namespace BCFLib

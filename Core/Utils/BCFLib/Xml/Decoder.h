@@ -31,10 +31,12 @@ private:
     void skipDeclaration();
     void openConverter(const char *encoding);
     bool extendsAscii() const;
-    std::size_t appendText(std::string_view utf8, bool isComplete);
-    void appendWithoutControls(std::string_view text);
+    void appendText(std::string_view utf8);
     void appendUtf8(std::string_view bytes);
     void replaceUnreadable(bool isLast);
+    std::size_t move(std::string_view text, std::size_t length);
+    std::size_t moveSection(std::string_view text, bool isLast);
+    std::size_t moveMarkup(std::string_view text, bool isLast);
 
     /// Bytes and text that were held back.
     std::string _bytes;

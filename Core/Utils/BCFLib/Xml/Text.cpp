@@ -4,29 +4,18 @@
 
 namespace BCFLib {
 
-namespace {
-
-/// Whether XML 1.0 has no place for this UTF-16 unit outside a surrogate pair.
-bool isUnwritable(ushort unit)
-{
-    const bool isControl = unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r';
-    return isControl || QChar::isSurrogate(unit) || unit >= 0xFFFE;
-}
-
-} // namespace
-
 QString Xml::writableText(const QString &text)
 {
     const ushort *units = text.utf16();
-    const bool isSuspicious = std::any_of(units, units + text.size(), isUnwritable);
-    if (!isSuspicious) {
+    // A surrogate is no character by itself, so that texts with pairs take the longer way.
+    if (std::all_of(units, units + text.size(), isCharacter)) {
         return text;
     }
     QString result = text;
     for (int i = 0; i < result.size(); ++i) {
         if (result.at(i).isHighSurrogate() && i + 1 < result.size() && result.at(i + 1).isLowSurrogate()) {
             ++i;
-        } else if (isUnwritable(result.at(i).unicode())) {
+        } else if (!isCharacter(result.at(i).unicode())) {
             result[i] = QChar::ReplacementCharacter;
         }
     }

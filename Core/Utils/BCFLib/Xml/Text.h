@@ -8,6 +8,13 @@
 namespace BCFLib {
 namespace Xml {
 
+/// Whether XML 1.0 has a place for the character of that number.
+inline bool isCharacter(uint code)
+{
+    const bool isControl = code < 0x20 && code != '\t' && code != '\n' && code != '\r';
+    return !isControl && !QChar::isSurrogate(code) && code != 0xFFFE && code != 0xFFFF && code < 0x110000;
+}
+
 /// The text with every character that XML 1.0 can't carry replaced by U+FFFD.
 QString writableText(const QString &text);
 
