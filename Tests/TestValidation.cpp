@@ -120,7 +120,7 @@ void TestValidation::verdict()
 void TestValidation::languages()
 {
 #ifdef TRANSLATIONS_DIR
-    for (const QStringList wanted :
+    for (const QStringList &wanted :
          {QStringList{"bcflib_de", "Warnung", "Die Datei „a.bcf“ enthält keine Themen"},
           QStringList{"bcflib_fr", "Avertissement",
                       "Le fichier «\u00a0a.bcf\u00a0» ne contient aucun sujet"}}) {
