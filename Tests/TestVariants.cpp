@@ -233,6 +233,7 @@ void TestVariants::liveTopic()
     QCOMPARE(topic->findChildren<QObject *>().size(), before.size());
     QCOMPARE(std::count(before.begin(), before.end(), nullptr), before.size());
     QVERIFY(guest->viewpoint() == nullptr && guest->replyToComment() == nullptr);
+    topic->comment("d")->fromQVariant(form("{'guid':'d'}"));
     QCOMPARE(topic->comment("d")->viewpoint(), topic->viewpoint("v"));
     QCOMPARE(topic->comment("d")->replyToComment(), topic->comment("c"));
     // The store of images is not cleared: the viewpoint that brought none finds the old one.
@@ -262,6 +263,8 @@ void TestVariants::datesAndBytes()
     QCOMPARE(rebuilt.viewpoint("v")->whichCameraIsSet(), 2);
     QCOMPARE(rebuilt.viewpoint("v")->orthogonalCamera().viewToWorldScale, camera.viewToWorldScale);
     QVERIFY(rebuilt.viewpoint("v")->orthogonalCamera().cameraUpVector == camera.cameraUpVector);
+    rebuilt.viewpoint("v")->setOrthogonalCamera(OrthogonalCamera());
+    QCOMPARE(rebuilt.viewpoint("v")->whichCameraIsSet(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestVariants)
