@@ -10,7 +10,7 @@
 
 namespace BCFLib {
 
-/// Loads one archive, in whatever thread doLoad() runs, and tells its progress by signals.
+/// Loads one archive, in whatever thread doLoad() runs, and reports its progress by signals.
 ///
 /// The host owns the worker, and arranges a thread for it with QObject::moveToThread(). The model
 /// is made in the thread that runs doLoad() and belongs to it; a host that goes on with it in another
@@ -31,7 +31,7 @@ public:
     const QString &filename() const;
 
 Q_SIGNALS:
-    /// The load has ended, well or badly; the model tells which.
+    /// The load has ended, well or badly; the model shows which.
     void loadingFinished();
     /// The total number of steps grows by this.
     void addMaxSig(qint64);

@@ -202,7 +202,7 @@ public:
 
     /// The topic with all that hangs below it as nested maps and lists.
     QVariant toQVariant() const;
-    /// Replaces everything that the topic holds, apart from its stored images, by what @p variant tells.
+    /// Replaces everything that the topic holds, apart from its stored images, by what @p variant holds.
     ///
     /// Pointers to former comments, viewpoints and other children are invalid afterwards.
     void fromQVariant(const QVariant &variant);

@@ -120,7 +120,7 @@ public:
 
     /// The viewpoint as nested maps and lists, with its image.
     QVariant toQVariant() const;
-    /// Adds to the viewpoint what @p variant tells.
+    /// Adds to the viewpoint what @p variant holds.
     void fromQVariant(const QVariant &variant);
 
 protected:

@@ -10,7 +10,7 @@
 
 namespace Tavrin {
 
-/// A truth value that may also never have been told.
+/// A truth value that may also be unknown.
 ///
 /// The numbers are fixed, because they are stored in plain fields. True is 0 and false is 1, so a
 /// Boolean must never be tested as if it were a bool: compare it, or ask toBool().

@@ -7,7 +7,7 @@
 
 namespace Tavrin {
 
-/// Tells how far a long job has come.
+/// Reports how far a long job has come.
 ///
 /// The job calls addMax() when it learns of more work and addSteps() when some of it is done; each
 /// call is passed on at once as the signal of the same number. No count is kept. The operations

@@ -133,7 +133,7 @@ Topic *BCFModel::readTopic(QuaZip *zip, QuaZipDir *dir, QStringList &files, cons
     Topic *topic = Topic::Deserialize(&markup, files, version);
     const QString viewpointName = QStringLiteral("viewpoint.bcfv");
     if (topic != nullptr && isBCF_1_0(version) && Directory::goTo(zip, entryPath(*dir, viewpointName))) {
-        // Markups of version 1.0 need not list the viewpoint; its fixed names tell that it is there.
+        // Markups of version 1.0 need not list the viewpoint; its fixed names show that it is there.
         Viewpoint *viewpoint = new Viewpoint(Tavrin::NewId(), topic);
         viewpoint->setViewpointFilename(viewpointName);
         viewpoint->setSnapshotFilename(QStringLiteral("snapshot.png"));

@@ -53,7 +53,7 @@ bool isSameFile(const QString &path, const QString &other)
     return std::filesystem::equivalent(resolved(path), resolved(other), isMissing);
 }
 
-/// The name in the archive is that which the markup tells, and a markup can't tell every character.
+/// The name in the archive is the one in the markup, which can't hold every character.
 QString attachmentName(const QString &path)
 {
     return Xml::writableText(QFileInfo(path).fileName());

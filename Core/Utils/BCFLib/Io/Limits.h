@@ -30,7 +30,7 @@ constexpr qint64 snapshotBytes = 256LL * 1024 * 1024;
 /// Bytes of one attachment: what a QByteArray can hold with its own bookkeeping.
 constexpr qint64 attachmentBytes = 2LL * 1024 * 1024 * 1024 - 64;
 
-/// What the entries of one archive may cost together: so much, and so much more for each byte of the
+/// What the entries of one archive may cost together: this much, and this much more for each byte of the
 /// archive. The unit is a byte that comes out of an entry. Deflate packs what tools write to between a third
 /// and a fiftieth; entries that share their bytes, or that a markup names a thousand times, would bring any
 /// number.
@@ -47,7 +47,7 @@ constexpr qint64 nodeCost = 96;
 /// What an element within one of the numerous elements costs, which becomes no object of its own.
 constexpr qint64 innerNodeCost = 32;
 
-/// How many bytes of one archive are read: so many, and so many more for each byte of the archive. Those of
+/// How many bytes of one archive may be read: this many, and this many more for each of its bytes. Those of
 /// most archives are read once, and their directory a few times. Entries can share their bytes, though, and
 /// unpack to nothing, which takes as long as ten times as many bytes that come out.
 constexpr qint64 archiveReads = 4LL * 1024 * 1024;

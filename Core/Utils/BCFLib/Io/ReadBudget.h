@@ -10,8 +10,7 @@
 
 namespace BCFLib {
 
-/// What reading an archive costs, in bytes of memory or the time that unpacking so many takes, against what
-/// it may cost, see Limits.
+/// Counts what reading an archive costs, in memory and time, against what it may cost, see Limits.
 ///
 /// A save counts the same, so that it writes no archive that a load refuses.
 class ReadBudget

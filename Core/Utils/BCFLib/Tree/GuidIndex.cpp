@@ -19,7 +19,8 @@ bool isBare(const QObject *object)
     return object->metaObject() == &QObject::staticMetaObject;
 }
 
-/// Whether it may be an object of which only filters have heard so far. It is none that is looked for yet.
+/// Whether an object may still be in its constructor: its parent lists it, and event filters hear of it,
+/// before the index does. It has no guid yet.
 bool isBeingMade(const QObject *object)
 {
     return object != nullptr && isBare(object) && object->children().isEmpty();
@@ -35,7 +36,7 @@ quint64 endOf(const QString &guid)
     return end;
 }
 
-/// Null for bare ones: a QPointer to an object at its end would dangle.
+/// Null for a bare object: it may be at its end, and a QPointer that is made then dangles.
 QPointer<QObject> pointerTo(QObject *object)
 {
     return object == nullptr || isBare(object) ? nullptr : object;
@@ -102,7 +103,7 @@ void GuidIndex::forget(const QObject *child)
 /// False where there can't be an index.
 bool GuidIndex::update()
 {
-    // Without an application nobody is told of children.
+    // Without an application there are no child events.
     if (QCoreApplication::instance() == nullptr) {
         end();
         return false;
@@ -114,7 +115,7 @@ bool GuidIndex::update()
     return true;
 }
 
-/// Whether the children are those that were told of.
+/// Whether the children are those that were reported.
 bool GuidIndex::isComplete() const
 {
     const QObjectList &children = _owner->children();
@@ -166,7 +167,7 @@ void GuidIndex::takeInNewcomers()
     }
 }
 
-/// Takes in one that is told of, or found, with all that stands below it.
+/// Takes in an object with all that stands below it.
 void GuidIndex::takeInTree(QObject *object)
 {
     takeIn(object, ++_lastNumber);

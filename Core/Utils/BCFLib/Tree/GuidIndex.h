@@ -83,13 +83,13 @@ private:
     const QMetaObject *_type;
     std::map<Key, QPointer<QObject>> _children;
     std::unordered_map<const QObject *, Key> _keys;
-    /// Objects with their numbers that had no class yet, nor a name, when they were told of.
+    /// Objects that had neither class nor name yet when they were reported, with their numbers.
     std::vector<std::pair<quint64, QPointer<QObject>>> _newcomers;
     quint64 _lastNumber = 0;
     /// How many children of the owner it has heard of, and the last of them.
     int _childCount = 0;
     QPointer<QObject> _lastChild;
-    /// Objects of a host's own classes, which tell nobody of what comes below them.
+    /// Objects of a host's own classes, which may not report what comes below them.
     std::vector<QPointer<QObject>> _strangers;
     /// Whether an object of the class stands further below, or can't be ruled out there.
     bool _isDeeper = false;

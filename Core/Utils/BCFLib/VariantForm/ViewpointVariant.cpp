@@ -45,7 +45,7 @@ QVariantMap bitmapForm(const Bitmap *bitmap)
             {QStringLiteral("height"), bitmap->height()}};
 }
 
-/// The image that the value under "snapshot_data" tells: bytes, or the text of a data URL.
+/// The image under "snapshot_data": bytes, or the text of a data URL.
 QByteArray imageFromForm(const QVariant &value)
 {
     const QString prefix = QStringLiteral("data:image/png;base64,");

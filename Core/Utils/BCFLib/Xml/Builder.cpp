@@ -107,13 +107,13 @@ bool Builder::parse(std::string_view text, bool isLast)
     if (status != XML_STATUS_OK && XML_GetErrorCode(parser) == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
     }
-    _hasEnded = status != XML_STATUS_OK && isUnreadableBehindRoot();
+    _hasEnded = status != XML_STATUS_OK && isUnreadableAfterRoot();
     return _hasEnded || (status == XML_STATUS_OK && !_isRefused && (isLast || !holdsTooManyAttributes(text)));
 }
 
-/// Whether parsing failed at U+FFFD behind the root: a character that the decoder has replaced, as the NULs
-/// or the Ctrl-Z that some tools leave there. Nothing that follows is part of the document.
-bool Builder::isUnreadableBehindRoot() const
+/// Whether parsing failed at U+FFFD after the root: a character that the decoder has replaced, such as the
+/// NULs or the Ctrl-Z that some tools leave there. Nothing that follows is part of the document.
+bool Builder::isUnreadableAfterRoot() const
 {
     int offset = 0;
     int size = 0;
@@ -123,14 +123,14 @@ bool Builder::isUnreadableBehindRoot() const
         return false;
     }
     const std::string_view place(context + offset, static_cast<std::size_t>(size - offset));
-    const bool isBehindMarkup =
+    const bool followsMarkup =
         std::string_view("> \t\n\r").find(context[offset - 1]) != std::string_view::npos;
-    return isBehindMarkup && place.substr(0, 3) == "\xEF\xBF\xBD";
+    return followsMarkup && place.substr(0, 3) == "\xEF\xBF\xBD";
 }
 
 /// Whether the tag at the end of what was parsed holds too many attributes.
 ///
-/// The parser tells of a tag once it is complete, and keeps it in memory until then.
+/// The parser reports a tag once it is complete, and keeps it in memory until then.
 bool Builder::holdsTooManyAttributes(std::string_view text)
 {
     const qint64 size = static_cast<qint64>(text.size());
@@ -140,7 +140,7 @@ bool Builder::holdsTooManyAttributes(std::string_view text)
     int contextSize = 0;
     const char *context = XML_GetInputContext(_parser.get(), &offset, &contextSize);
     std::size_t begin = 0;
-    // The parser can't tell just after it got a larger buffer, as it does only for a tag that goes on.
+    // There is none just after the parser got a larger buffer, which it needs only for a tag that goes on.
     if (context != nullptr) {
         _isInTag = offset + 1 < contextSize && context[offset] == '<' && context[offset + 1] != '!'
             && context[offset + 1] != '?';

@@ -41,7 +41,7 @@ private:
     void run(const Work &work);
     void refuse();
     bool isRefused();
-    bool isUnreadableBehindRoot() const;
+    bool isUnreadableAfterRoot() const;
     bool holdsTooManyAttributes(std::string_view text);
 
     void append(const QDomNode &node);

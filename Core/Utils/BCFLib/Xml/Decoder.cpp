@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <cstdint>
 #include <new>
 #include <utility>
 
@@ -19,7 +20,7 @@ namespace {
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// An encoding counts only if it is declared within so many bytes.
+/// How far into a file the end of a declaration is looked for.
 constexpr std::size_t longestDeclaration = 1024;
 
 /// The longest reference to a character that is looked at, with some zeros to spare.
@@ -227,7 +228,7 @@ void Xml::Decoder::skipDeclaration()
 void Xml::Decoder::openConverter(const char *encoding)
 {
     _converter = iconv_open("UTF-8", encoding);
-    if (_converter == reinterpret_cast<iconv_t>(-1)) {
+    if (reinterpret_cast<std::intptr_t>(_converter) == -1) {
         _converter = nullptr;
         if (errno != EINVAL) {
             throw std::bad_alloc();
@@ -329,8 +330,7 @@ std::size_t Xml::Decoder::moveSection(std::string_view text, bool isLast)
     return move(text, end + std::exchange(_sectionEnd, {}).size());
 }
 
-/// Moves what begins with markup: what has to be replaced, or one character. Nothing while that can't be
-/// told.
+/// Moves one character of markup, or replaces what it begins. Nothing if more text is needed to decide.
 std::size_t Xml::Decoder::moveMarkup(std::string_view text, bool isLast)
 {
     const bool mayBeMore =

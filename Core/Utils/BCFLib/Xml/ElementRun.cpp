@@ -9,7 +9,7 @@ namespace BCFLib {
 
 namespace {
 
-/// What a text in a run is.
+/// What a string in a run stands for.
 enum Mark : char {
     Element = '<',
     AttributeName = '@',

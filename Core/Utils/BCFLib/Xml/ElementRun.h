@@ -23,7 +23,7 @@ public:
     /// The first numerous elements of a document stay ordinary nodes; few files have more.
     static constexpr int fewElements = 200;
     /// What a run may hold before the next one begins: little, so that what was read is soon given back.
-    static constexpr std::size_t largeRun = 16 * 1024;
+    static constexpr std::size_t largeRun = std::size_t{16} * 1024;
 
     void beginElement(const char *name, const char **attributes);
     void addText(std::string_view text);

@@ -29,7 +29,7 @@ public:
     /// @p device outlives the printer, which sets it to text mode. Without one nothing is written.
     explicit Printer(QIODevice *device);
 
-    /// Prints what can't change any more, as a sibling stands behind it, and takes it out of the document.
+    /// Prints what can't change any more, as a sibling follows it, and takes it out of the document.
     void printFinished(const QDomDocument &document);
 
     /// Prints what is left of the document, which stays as it is. Closes the device where the text passes

@@ -13,7 +13,7 @@ namespace Xml {
 
 namespace {
 
-constexpr std::size_t blockSize = 16 * 1024;
+constexpr std::size_t blockSize = std::size_t{16} * 1024;
 
 /// Fills a block; fewer bytes come only at the end of the device. After a failed read nothing more counts,
 /// also if later ones would succeed.

@@ -11,7 +11,7 @@ namespace BCFLib {
 
 namespace {
 
-/// What the two bytes for its length can tell.
+/// The most that the two bytes for its length can say.
 constexpr int longestName = 65535;
 
 /// The name as it is looked up.

@@ -22,7 +22,7 @@ public:
     /// Walks over the directory of an archive that is open for reading.
     void read(QuaZip *zip);
 
-    /// The folders at the root, each with a "/" behind its name, in the order of the directory.
+    /// The folders at the root, each with a "/" after its name, in the order of the directory.
     QStringList rootFolders() const;
 
     /// Moves @p zip to the entry of that name, the last if there are several; false if there is none.

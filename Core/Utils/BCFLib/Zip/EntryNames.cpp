@@ -61,7 +61,7 @@ QString numbered(const QString &name, int number)
     return QString(name).insert(dot > 0 ? dot : name.size(), QString::number(number));
 }
 
-/// What gets a number where a wish is not granted: the wished name itself, if it can be told with one.
+/// What gets a number where a wish is not granted: the wished name itself, if it can take one.
 QString base(const EntryNames::Wish &wish)
 {
     const bool canBeNumbered = !wish.name.contains(separator) && isHarmless(wish.name)
