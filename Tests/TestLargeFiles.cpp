@@ -283,12 +283,12 @@ void TestLargeFiles::documentsThatRefuseNames()
     BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::ReturnNullNode);
     deserialize(&viewpoint, numbered(element, 600));
-    // Qt's strict documents take nothing beyond U+FFFF either. Such a file is refused as a whole.
+    // Those of Qt 5 take nothing beyond U+FFFF either. Such a file is refused as a whole.
     BCF_2_0_Lib::Viewpoint other("w", nullptr);
     deserialize(&other, "<Component IfcGuid='g'><AuthoringToolId>&#x1F525;</AuthoringToolId></Component>");
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::AcceptInvalidChars);
     QCOMPARE(viewpoint.components().size(), 600);
-    QCOMPARE(other.components().size(), 0);
+    QCOMPARE(other.components().size(), QT_VERSION_MAJOR > 5 ? 1 : 0);
 }
 
 QTEST_GUILESS_MAIN(TestLargeFiles)

@@ -271,9 +271,9 @@ private:
         QString image;
     };
 
-    /// Those of each viewpoint, in the order of viewpoints(). They differ from the names that the viewpoints
-    /// hold where several hold one name, or one that can't be.
-    QVector<ViewpointEntries> viewpointEntries() const;
+    /// Those of each viewpoint. They differ from the names that the viewpoints hold where several hold one
+    /// name, or one that can't be.
+    QMap<const Viewpoint *, ViewpointEntries> viewpointEntries() const;
 
     /// The guid itself, or a fresh one where it is empty.
     static QString guidOrNew(const QString &guid);

@@ -64,7 +64,7 @@ bool canHold(const QString &path, const QString &attachment)
 {
     const QString name = attachmentName(attachment);
     return !EntryNames::areAlike(name, versionName) && !EntryNames::areAlike(name, projectName)
-        && !isSameFile(attachment, path);
+        && !isSameFile(path, attachment);
 }
 
 /// A folder for each topic: that of its guid, where there can be such a one beside the others.
@@ -151,11 +151,9 @@ bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, const QString &folder, QStr
         return false;
     }
     const auto entries = topic->viewpointEntries();
-    auto entry = entries.begin();
     for (Viewpoint *viewpoint : topic->viewpoints()) {
-        const QString file = entry->file;
-        const QString image = entry->image;
-        ++entry;
+        const QString file = entries.value(viewpoint).file;
+        const QString image = entries.value(viewpoint).image;
         const auto writeViewpoint = [viewpoint](QIODevice *device) { return viewpoint->serialize(device); };
         const auto writeImage = [topic, viewpoint](QIODevice *device) {
             return topic->writeSnaphot(viewpoint->guid(), device);

@@ -23,7 +23,7 @@ qint64 expectedSize(const QIODevice *device, qint64 limit)
 ReadOutcome readToEnd(QIODevice *device, qint64 limit, QByteArray *bytes)
 {
     // One byte more than expected, so that the end shows without another round.
-    qint64 capacity = qMin(limit, expectedSize(device, limit)) + 1;
+    qint64 capacity = expectedSize(device, limit) + 1;
     qint64 length = 0;
     for (;;) {
         bytes->resize(static_cast<int>(capacity));

@@ -46,14 +46,23 @@ public:
     virtual ~BudgetedDevice() = default;
 
     /// Null where nothing has to be spared.
-    virtual ReadBudget *budget() = 0;
+    ReadBudget *budget() const { return _spent; }
 
     /// The budget of any device; null if it has none.
     static ReadBudget *budgetOf(QIODevice *device)
     {
-        auto *budgeted = dynamic_cast<BudgetedDevice *>(device);
+        const auto *budgeted = dynamic_cast<BudgetedDevice *>(device);
         return budgeted != nullptr ? budgeted->budget() : nullptr;
     }
+
+protected:
+    explicit BudgetedDevice(ReadBudget *budget)
+        : _spent(budget)
+    {
+    }
+
+private:
+    ReadBudget *_spent;
 };
 
 } // namespace BCFLib

@@ -135,32 +135,32 @@ void Topic::writeComments(QDomDocument &doc, QDomElement &parent)
 
 void Topic::writeViewpoints(QDomDocument &doc, QDomElement &parent)
 {
-    const QVector<ViewpointEntries> entries = viewpointEntries();
-    auto entry = entries.begin();
+    const QMap<const Viewpoint *, ViewpointEntries> entries = viewpointEntries();
     for (const Viewpoint *viewpoint : viewpoints()) {
+        const ViewpointEntries names = entries.value(viewpoint);
         QDomElement element = Xml::appendElement(doc, parent, QStringLiteral("Viewpoints"));
         Xml::setAttribute(element, QStringLiteral("Guid"), viewpoint->guid());
-        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), entry->file);
-        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), entry->image);
-        ++entry;
+        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Viewpoint"), names.file);
+        Xml::appendTextIfNotEmpty(doc, element, QStringLiteral("Snapshot"), names.image);
         printFinished(doc);
     }
 }
 
-QVector<Topic::ViewpointEntries> Topic::viewpointEntries() const
+QMap<const Viewpoint *, Topic::ViewpointEntries> Topic::viewpointEntries() const
 {
     QVector<EntryNames::Wish> wishes;
     const auto append = [&wishes](const QString &name, const QString &substitute) {
         wishes.append({Xml::writableText(name), name.isEmpty() ? QString() : substitute});
     };
-    for (const Viewpoint *viewpoint : viewpoints()) {
+    const QList<Viewpoint *> all = viewpoints();
+    for (const Viewpoint *viewpoint : all) {
         append(viewpoint->viewpointFilename(), QStringLiteral("viewpoint.bcfv"));
         append(viewpoint->snapshotFilename(), QStringLiteral("snapshot.png"));
     }
     const QStringList names = EntryNames::distinct(wishes, {QStringLiteral("markup.bcf")});
-    QVector<ViewpointEntries> entries;
-    for (int i = 0; i < names.size(); i += 2) {
-        entries.append({names.at(i), names.at(i + 1)});
+    QMap<const Viewpoint *, ViewpointEntries> entries;
+    for (int i = 0; i < all.size(); ++i) {
+        entries.insert(all.at(i), {names.at(2 * i), names.at(2 * i + 1)});
     }
     return entries;
 }

@@ -62,12 +62,7 @@ QVector<Components::Mention> Components::readMentions(const QDomElement &list)
 
 void Components::readColoring(const QDomElement &coloring)
 {
-    struct Group
-    {
-        QColor color;
-        QVector<Mention> mentions;
-    };
-    std::vector<Group> groups;
+    std::vector<std::pair<QString, QVector<Mention>>> groups;
     QMap<QString, std::size_t> lastOfColor;
     const QString colorName = QStringLiteral("Color");
     Xml::takeChildren(coloring, colorName, [&](const QDomElement &element) {
@@ -75,21 +70,17 @@ void Components::readColoring(const QDomElement &coloring)
         if (!text.startsWith(QLatin1Char('#'))) {
             text.prepend(QLatin1Char('#'));
         }
-        Group group{QColor(), readMentions(element)};
-        if (element.hasAttribute(colorName) && !group.mentions.isEmpty()) {
-            group.color.setNamedColor(text);
-            const auto earlier = lastOfColor.constFind(group.color.name());
-            if (earlier != lastOfColor.constEnd()) {
-                groups[*earlier].mentions = {};
-            }
-            lastOfColor.insert(group.color.name(), groups.size());
-            groups.push_back(std::move(group));
+        const QVector<Mention> mentions = readMentions(element);
+        if (element.hasAttribute(colorName) && !mentions.isEmpty()) {
+            const QString color = QColor(text).name();
+            lastOfColor[color] = groups.size();
+            groups.emplace_back(color, mentions);
         }
     });
     // The last group of a colour replaces the others, which therefore are not made at all.
-    for (const Group &group : groups) {
-        if (!group.mentions.isEmpty()) {
-            replaceColor(group.color.name(), group.mentions);
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        if (lastOfColor.value(groups[i].first) == i) {
+            replaceColor(groups[i].first, groups[i].second);
         }
     }
 }

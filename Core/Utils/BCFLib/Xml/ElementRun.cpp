@@ -9,15 +9,13 @@ namespace BCFLib {
 
 namespace {
 
-/// What a string in a run stands for.
-enum Mark : char {
-    Element = '<',
-    AttributeName = '@',
-    AttributeValue = '=',
-    Text = 't',
-    Other = '?',
-    End = '>'
-};
+// What a string in a run stands for.
+constexpr char elementMark = '<';
+constexpr char attributeNameMark = '@';
+constexpr char attributeValueMark = '=';
+constexpr char textMark = 't';
+constexpr char otherMark = '?';
+constexpr char endMark = '>';
 
 QString targetOf(const QString &name)
 {
@@ -28,32 +26,32 @@ QString targetOf(const QString &name)
 
 void Xml::ElementRun::beginElement(const char *name, const char **attributes)
 {
-    _marks += Element;
-    _marks.append(name, std::strlen(name) + 1);
+    add(elementMark, name);
     for (; *attributes != nullptr; attributes += 2) {
-        _marks += AttributeName;
-        _marks.append(attributes[0], std::strlen(attributes[0]) + 1);
-        _marks += AttributeValue;
-        _marks.append(attributes[1], std::strlen(attributes[1]) + 1);
+        add(attributeNameMark, attributes[0]);
+        add(attributeValueMark, attributes[1]);
     }
 }
 
 void Xml::ElementRun::addText(std::string_view text)
 {
-    _marks += Text;
-    _marks += text;
-    _marks += '\0';
+    add(textMark, text);
 }
 
 void Xml::ElementRun::addOtherNode()
 {
-    _marks += Other;
-    _marks += '\0';
+    add(otherMark, {});
 }
 
 void Xml::ElementRun::endElement()
 {
-    _marks += End;
+    add(endMark, {});
+}
+
+void Xml::ElementRun::add(char mark, std::string_view text)
+{
+    _marks += mark;
+    _marks += text;
     _marks += '\0';
 }
 
@@ -81,7 +79,7 @@ QDomElement Xml::ElementRun::elements(const QDomNode &node)
 {
     const QString value = node.nodeValue();
     const char *at = reinterpret_cast<const char *>(value.constData());
-    const char *end = at + 2 * value.size();
+    const char *end = reinterpret_cast<const char *>(value.constData() + value.size());
     QDomDocument document = node.ownerDocument();
     Names names;
     QDomElement parent = document.createElement(QStringLiteral("elements"));
@@ -89,22 +87,22 @@ QDomElement Xml::ElementRun::elements(const QDomNode &node)
     const QString *attribute = nullptr;
     for (; at != end && *at != '\0'; at += std::strlen(at) + 1) {
         switch (*at++) {
-        case Element: {
+        case elementMark: {
             QDomElement element = document.createElement(names.of(at));
             open.appendChild(element);
             open = element;
             break;
         }
-        case AttributeName:
+        case attributeNameMark:
             attribute = &names.of(at);
             break;
-        case AttributeValue:
+        case attributeValueMark:
             open.setAttribute(*attribute, fromUtf8(at));
             break;
-        case Text:
+        case textMark:
             open.appendChild(document.createTextNode(fromUtf8(at)));
             break;
-        case Other:
+        case otherMark:
             open.appendChild(document.createComment(QString()));
             break;
         default:

@@ -44,6 +44,8 @@ public:
     static QDomElement elements(const QDomNode &node);
 
 private:
+    void add(char mark, std::string_view text);
+
     std::string _marks;
 };
 

@@ -87,12 +87,11 @@ bool Xml::NodeCount::isNumerous() const
     return std::find(numerousElements.begin(), numerousElements.end(), _path) != numerousElements.end();
 }
 
-/// @p cost is that of one of the nodes.
-void Xml::NodeCount::add(qint64 nodes, qint64 cost)
+void Xml::NodeCount::add(qint64 count, qint64 costOfEach)
 {
-    _nodes += nodes;
+    _nodes += count;
     if (_budget != nullptr) {
-        _budget->spend(nodes * cost);
+        _budget->spend(count * costOfEach);
     }
 }
 

@@ -37,7 +37,7 @@ public:
 
 private:
     bool isNumerous() const;
-    void add(qint64 nodes, qint64 cost);
+    void add(qint64 count, qint64 costOfEach);
 
     Runs _runs;
     ReadBudget *_budget;

@@ -7,6 +7,7 @@
 
 #include <QDomDocument>
 #include <QIODevice>
+#include <vector>
 
 namespace BCFLib {
 namespace Xml {

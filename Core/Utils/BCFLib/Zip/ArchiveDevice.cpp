@@ -13,8 +13,9 @@ constexpr qint64 blockSize = 16LL * 1024;
 } // namespace
 
 ArchiveDevice::ArchiveDevice(const QString &path)
+    : BudgetedDevice(&_budget)
     // The host may go to another folder while the archive is read.
-    : _file(QFileInfo(path).absoluteFilePath())
+    , _file(QFileInfo(path).absoluteFilePath())
     , _bytes(new char[static_cast<size_t>(blockSize) * _slots.size()])
 {
     _budget.setArchiveSize(_file.size());
@@ -55,11 +56,6 @@ bool ArchiveDevice::isSequential() const
 qint64 ArchiveDevice::size() const
 {
     return _size;
-}
-
-ReadBudget *ArchiveDevice::budget()
-{
-    return &_budget;
 }
 
 Directory &ArchiveDevice::directory()

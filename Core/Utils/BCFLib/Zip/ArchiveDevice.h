@@ -35,7 +35,6 @@ public:
     bool isSequential() const override;
     qint64 size() const override;
 
-    ReadBudget *budget() override;
     /// Empty until Directory::read() has filled it.
     Directory &directory();
 

@@ -15,7 +15,7 @@ constexpr int stored = 0;
 
 EntryReader::EntryReader(QuaZip *zip)
     : QuaZipFile(zip)
-    , _budget(budgetOf(zip->getIoDevice()))
+    , BudgetedDevice(budgetOf(zip->getIoDevice()))
 {
 }
 
@@ -36,8 +36,8 @@ bool EntryReader::open(OpenMode mode)
     if (isSpent()) {
         return false;
     }
-    if (_budget != nullptr) {
-        _budget->openEntry();
+    if (budget() != nullptr) {
+        budget()->openEntry();
     }
     int method = 0;
     int level = 0;
@@ -52,24 +52,19 @@ bool EntryReader::open(OpenMode mode)
     return true;
 }
 
-ReadBudget *EntryReader::budget()
-{
-    return _budget;
-}
-
 qint64 EntryReader::readData(char *data, qint64 maxSize)
 {
     const qint64 count = isSpent() ? -1 : QuaZipFile::readData(data, maxSize);
     throwIfOutOfMemory();
-    if (_budget != nullptr) {
-        _budget->spend(qMax<qint64>(0, count));
+    if (budget() != nullptr) {
+        budget()->spend(qMax<qint64>(0, count));
     }
     return count;
 }
 
 bool EntryReader::isSpent() const
 {
-    return _budget != nullptr && _budget->isSpent();
+    return budget() != nullptr && budget()->isSpent();
 }
 
 void EntryReader::throwIfOutOfMemory() const

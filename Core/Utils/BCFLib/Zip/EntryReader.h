@@ -22,16 +22,12 @@ public:
 
     bool open(OpenMode mode) override;
 
-    ReadBudget *budget() override;
-
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
     bool isSpent() const;
     void throwIfOutOfMemory() const;
-
-    ReadBudget *_budget;
 };
 
 } // namespace BCFLib

@@ -21,24 +21,19 @@ class WrittenEntry : public QuaZipFile, public BudgetedDevice
 public:
     explicit WrittenEntry(QuaZip *zip)
         : QuaZipFile(zip)
-        , _budget(budgetOf(zip->getIoDevice()))
+        , BudgetedDevice(budgetOf(zip->getIoDevice()))
     {
     }
     ~WrittenEntry() override { setOpenMode(NotOpen); }
 
-    ReadBudget *budget() override { return _budget; }
-
 protected:
     qint64 writeData(const char *data, qint64 maxSize) override
     {
-        if (_budget != nullptr) {
-            _budget->spend(maxSize);
+        if (budget() != nullptr) {
+            budget()->spend(maxSize);
         }
         return QuaZipFile::writeData(data, maxSize);
     }
-
-private:
-    ReadBudget *_budget;
 };
 
 } // namespace

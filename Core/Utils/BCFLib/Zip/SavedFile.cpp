@@ -4,6 +4,12 @@
 
 namespace BCFLib {
 
+SavedFile::SavedFile(const QString &path)
+    : QFile(path)
+    , BudgetedDevice(&_budget)
+{
+}
+
 bool SavedFile::seek(qint64 position)
 {
     // Writes what is in the buffer first, as closing does.
@@ -22,11 +28,6 @@ void SavedFile::close()
 bool SavedFile::isSound() const
 {
     return _isSound;
-}
-
-ReadBudget *SavedFile::budget()
-{
-    return &_budget;
 }
 
 qint64 SavedFile::writeData(const char *data, qint64 size)

@@ -13,15 +13,13 @@ namespace BCFLib {
 class SavedFile : public QFile, public BudgetedDevice
 {
 public:
-    using QFile::QFile;
+    explicit SavedFile(const QString &path);
 
     bool seek(qint64 position) override;
     void close() override;
 
     /// Whether nothing has failed so far.
     bool isSound() const;
-
-    ReadBudget *budget() override;
 
 protected:
     qint64 writeData(const char *data, qint64 size) override;
