@@ -253,6 +253,11 @@ void TestArchiveLoading::readingAgainAddsGeometryAndReplacesSets()
     read(&viewpoint, line);
     QVERIFY(viewpoint.whichCameraIsSet() == 0 && viewpoint.components()->children().isEmpty());
     QCOMPARE(viewpoint.lines().size(), 2);
+    // Of several with one guid the last counts, and replaces what an earlier file brought.
+    BCF_2_0_Lib::Viewpoint list("w", nullptr);
+    const QPointer<BCFLib::Component> earlier = list.addComponent("a");
+    read(&list, "<Components><Component IfcGuid='a' Color='1'/><Component IfcGuid='a'/></Components>");
+    QVERIFY(earlier == nullptr && list.getComponent("a")->color().isEmpty() && list.children().size() == 2);
 }
 
 void TestArchiveLoading::snapshots()

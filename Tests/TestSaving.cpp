@@ -255,33 +255,14 @@ void TestSaving::nextLoadDropsWhatTheFormatCannotHold()
 
 void TestSaving::faults_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QStringList>("entries");
-
-    const QStringList image{"bcf.version", "project.bcfp", "zz/markup.bcf", "zz/viewpoint.bcfv",
-                            "zz/viewpoint.png"};
-    const QStringList file =
-        image + QStringList{"zz/other.bcfv", "zz/other.png", "aa/markup.bcf", "storey.ifc"};
-    QTest::newRow("an empty path") << "" << QStringList();
-    QTest::newRow("a folder that is not there") << "%1/none/a.bcf" << QStringList();
-    QTest::newRow("a path that is a folder") << "%1" << QStringList();
-    QTest::newRow("a full device") << "/dev/full" << QStringList();
-    QTest::newRow("a device that keeps nothing") << "/dev/null" << QStringList();
-    QTest::newRow("a folder that may not be written to") << "%1/locked" << QStringList();
-    QTest::newRow("a file that it is to hold") << "%1/storey.ifc" << QStringList();
-    QTest::newRow("the same by a path that is searched for") << "searched:storey.ifc" << QStringList();
-    QTest::newRow("the same by a link") << "%1/link" << QStringList();
-    QTest::newRow("the same by another name") << "%1/twin" << QStringList();
-    QTest::newRow("a file to hold that bears a name of the archive's own") << "%1/own name" << QStringList();
-    QTest::newRow("an image that is not there, nothing follows its entry") << "%1/no image" << image;
-    QTest::newRow("an attachment that is gone, after all topics") << "%1/no file" << file;
+    addRows("Saving/faults.json");
 }
 
 void TestSaving::faults()
 {
-    QFETCH(QString, path);
-    QFETCH(QStringList, entries);
+    QFETCH(QVariantMap, row);
 
+    QString path = row["path"].toString();
     const TestArchive folder;
     QFile folderItself(folder.path(QString()));
     const ModelPointer model = makeModel(folder);
@@ -307,7 +288,7 @@ void TestSaving::faults()
     QVERIFY(seteuid(getuid()) == 0);
     folderItself.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QVERIFY(!isSaved);
-    QCOMPARE(TestArchive::entryNames(path), entries);
+    QCOMPARE(TestArchive::entryNames(path), row["entries"].toStringList());
     QCOMPARE(model->errorString(), QString());
 
     // Nothing is lost in memory: once the fault is mended, a save brings what it brought before.
