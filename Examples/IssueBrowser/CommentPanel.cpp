@@ -220,6 +220,8 @@ bool CommentPanel::eventFilter(QObject *watched, QEvent *event)
 
 void CommentPanel::add(bool asReply)
 {
+    // A shortcut leaves the keyboard where it was, with an edit under way there.
+    _text->setFocus();
     Comment *const added = _editor->addComment(_model->topic(), _text->toPlainText(),
                                                asReply ? current() : nullptr, _view->viewpoint());
     _text->clear();

@@ -42,7 +42,7 @@ bool FieldKeys::eventFilter(QObject *watched, QEvent *event)
         const auto *const key = static_cast<const QKeyEvent *>(event);
         const Typing typing = typingIn(watched);
         if ((key->matches(QKeySequence::Undo) && !typing.canUndo)
-            || (key->matches(QKeySequence::Redo) && !typing.canRedo)) {
+            || (key->matches(QKeySequence::Redo) && !typing.canUndo && !typing.canRedo)) {
             event->ignore();
             return true;
         }

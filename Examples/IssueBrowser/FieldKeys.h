@@ -7,8 +7,8 @@ class QWidget;
 
 /// What fields that edit an archive do beside taking text.
 ///
-/// Escape gives up what was typed. Undo and redo go to the window where the field has nothing of its
-/// own to undo. The wheel turns through the choices of a field only after the user went there.
+/// Escape gives up what was typed. Undo and redo go to the window where nothing is being typed. The wheel
+/// turns through the choices of a field only after the user went there.
 class FieldKeys : public QObject
 {
     Q_OBJECT

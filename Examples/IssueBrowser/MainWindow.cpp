@@ -408,6 +408,7 @@ void MainWindow::showTopic(BCFLib::Topic *topic)
 void MainWindow::followEdit(BCFLib::Topic *topic)
 {
     const bool isPicked = topic == _topicArea->topic();
+    _topicArea->keep(topic);
     _topics->update(topic);
     if (!isPicked && _topics->indexOf(topic).isValid()) {
         _topicArea->pick(topic);

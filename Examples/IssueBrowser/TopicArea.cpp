@@ -145,6 +145,11 @@ void TopicArea::pick(const Topic *topic)
     }
 }
 
+void TopicArea::keep(const Topic *topic)
+{
+    _shown->keep(topic);
+}
+
 void TopicArea::find()
 {
     _search->setFocus(Qt::ShortcutFocusReason);

@@ -31,6 +31,8 @@ public:
     BCFLib::Topic *topic() const;
     /// Picks a topic, and shows all if the filter leaves it out.
     void pick(const BCFLib::Topic *topic);
+    /// Leaves a topic in the table that is edited, until the user asks for others.
+    void keep(const BCFLib::Topic *topic);
     /// Brings the user to the search field.
     void find();
 

@@ -68,14 +68,23 @@ TopicFilterModel::TopicFilterModel(TopicTableModel *topics, QObject *parent)
 void TopicFilterModel::setFilter(const TopicFilter &filter)
 {
     _filter = filter;
+    _kept.clear();
     _words = filter.text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     // All at once: a signal for each run of rows that go or come would keep views of thousands busy.
     invalidate();
 }
 
+void TopicFilterModel::keep(const Topic *topic)
+{
+    _kept.insert(topic);
+}
+
 bool TopicFilterModel::filterAcceptsRow(int row, const QModelIndex &) const
 {
     const Topic &topic = *_topics->topic(_topics->index(row, 0));
+    if (_kept.contains(&topic)) {
+        return true;
+    }
     return (!_filter.status || topic.topicStatus() == *_filter.status)
         && (!_filter.assignee || topic.assignedTo() == *_filter.assignee)
         && (_words.isEmpty() || mentionsAll(topic, _words));

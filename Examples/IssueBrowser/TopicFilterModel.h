@@ -2,6 +2,7 @@
 #define ISSUEBROWSER_TOPICFILTERMODEL_H
 
 #include <QCollator>
+#include <QSet>
 #include <QSortFilterProxyModel>
 
 #include <optional>
@@ -33,6 +34,8 @@ public:
 
     TopicTableModel *topics() const { return _topics; }
     void setFilter(const TopicFilter &filter);
+    /// Leaves a topic in, whatever becomes of it, until the filter is set again.
+    void keep(const BCFLib::Topic *topic);
 
 protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
@@ -42,6 +45,7 @@ private:
     TopicTableModel *_topics;
     TopicFilter _filter;
     QStringList _words;
+    QSet<const BCFLib::Topic *> _kept;
     QCollator _collator;
 };
 

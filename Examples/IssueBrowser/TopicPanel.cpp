@@ -107,6 +107,8 @@ void TopicPanel::addField(QFormLayout *form, const QString &label, const char *p
     QLineEdit *const line = new QLineEdit;
     if (choices) {
         choices->setLineEdit(line);
+        // It would put more into the field than was typed.
+        choices->setCompleter(nullptr);
         choices->setInsertPolicy(QComboBox::NoInsert);
         // The fields follow the width of the panel, not that of their choices.
         choices->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -177,10 +179,11 @@ void TopicPanel::refresh()
     for (const Field &field : std::as_const(_fields)) {
         const QString text = _topic ? textOf(_topic->property(field.property)) : QString();
         if (field.choices) {
-            if (!text.isEmpty()
-                && field.choices->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) {
+            constexpr Qt::MatchFlags same = Qt::MatchExactly | Qt::MatchCaseSensitive;
+            if (!text.isEmpty() && field.choices->findText(text, same) < 0) {
                 field.choices->addItem(text);
             }
+            field.choices->setCurrentIndex(field.choices->findText(text, same));
             field.choices->setEnabled(_editor->canEdit());
         }
         field.line->setReadOnly(!_editor->canEdit());

@@ -72,6 +72,7 @@ public:
 /// Types a text and leaves the field.
 inline void replaceText(QLineEdit *field, const QString &text)
 {
+    field->setFocus();
     field->selectAll();
     QTest::keyClicks(field, text);
     QTest::keyClick(field, Qt::Key_Return);
