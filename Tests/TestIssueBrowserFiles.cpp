@@ -130,6 +130,7 @@ void TestIssueBrowserFiles::notices()
     browser.part<QPlainTextEdit>("draft")->setFocus();
     QTest::keyClicks(browser.part<QPlainTextEdit>("draft"), "draft");
     QCOMPARE(browser.title(0) == "edited", canEdit);
+    QVERIFY(row["version"] != "3.0" || !browser.save(archive.path()));
     QCOMPARE(browser.save(archive.path("saved.bcf")), canEdit);
     // Where nothing can be saved, nothing is asked.
     QVERIFY(canEdit || browser.close());

@@ -406,6 +406,10 @@ in Richtung %2, oben %3</translation>
         <translation>Was gezeigt wird, kann unter einem anderen Namen gespeichert werden.</translation>
     </message>
     <message>
+        <source>The file holds more than is shown, which would be lost. Choose another name.</source>
+        <translation>Die Datei enthält mehr als gezeigt wird, und das ginge verloren. Wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message>
         <source>… and %1 more</source>
         <translation>… und %1 weitere</translation>
     </message>

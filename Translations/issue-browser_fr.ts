@@ -406,6 +406,10 @@ vers %2, haut %3</translation>
         <translation>Ce qui est affiché peut être enregistré sous un autre nom.</translation>
     </message>
     <message>
+        <source>The file holds more than is shown, which would be lost. Choose another name.</source>
+        <translation>Le fichier contient plus que ce qui est affiché, et cela serait perdu. Choisissez un autre nom.</translation>
+    </message>
+    <message>
         <source>… and %1 more</source>
         <translation>… et %1 de plus</translation>
     </message>

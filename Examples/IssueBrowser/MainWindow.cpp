@@ -234,7 +234,9 @@ void MainWindow::open(const QString &path)
 bool MainWindow::save(const QString &path)
 {
     submit();
-    const QString problem = saveMeanwhile(path);
+    const QString problem = !_isReadWhole && QFileInfo(path) == QFileInfo(_path)
+        ? tr("The file holds more than is shown, which would be lost. Choose another name.")
+        : saveMeanwhile(path);
     if (!problem.isEmpty()) {
         _isClosing = false;
         tell(QMessageBox::Critical, tr("Error"),
