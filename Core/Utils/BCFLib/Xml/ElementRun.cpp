@@ -84,7 +84,7 @@ QDomElement Xml::ElementRun::elements(const QDomNode &node)
     Names names;
     QDomElement parent = document.createElement(QStringLiteral("elements"));
     QDomElement open = parent;
-    const QString *attribute = nullptr;
+    QString attribute;
     for (; at != end && *at != '\0'; at += std::strlen(at) + 1) {
         switch (*at++) {
         case elementMark: {
@@ -94,10 +94,10 @@ QDomElement Xml::ElementRun::elements(const QDomNode &node)
             break;
         }
         case attributeNameMark:
-            attribute = &names.of(at);
+            attribute = names.of(at);
             break;
         case attributeValueMark:
-            open.setAttribute(*attribute, fromUtf8(at));
+            open.setAttribute(attribute, fromUtf8(at));
             break;
         case textMark:
             open.appendChild(document.createTextNode(fromUtf8(at)));
