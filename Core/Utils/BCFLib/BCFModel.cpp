@@ -15,7 +15,6 @@ namespace BCFLib {
 
 BCFModel::BCFModel(QObject *parent)
     : QObject(parent)
-    , _topicIndex(std::make_unique<GuidIndex>(this, &Topic::staticMetaObject))
 {
 }
 
@@ -115,7 +114,7 @@ QList<Topic *> BCFModel::topics() const
 
 Topic *BCFModel::topic(const QString &guid) const
 {
-    return _topicIndex->find<Topic>(guid);
+    return GuidIndex::find<Topic>(this, guid, &_topicIndex);
 }
 
 Topic *BCFModel::addTopic(const QString &title, const QString &creationAuthor, const QDateTime &creationDate,

@@ -162,7 +162,7 @@ private:
     static bool writeAttachment(QuaZip *zip, const QString &path);
 
     QString _errorString;
-    std::unique_ptr<GuidIndex> _topicIndex;
+    mutable std::unique_ptr<GuidIndex> _topicIndex;
 };
 
 } // namespace BCFLib

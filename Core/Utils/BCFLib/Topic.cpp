@@ -38,8 +38,6 @@ Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, cons
     , _title(std::move(title))
     , _creationDate(std::move(creationDate))
     , _creationAuthor(std::move(creationAuthor))
-    , _commentIndex(std::make_unique<GuidIndex>(this, &Comment::staticMetaObject))
-    , _viewpointIndex(std::make_unique<GuidIndex>(this, &Viewpoint::staticMetaObject))
 {
     setObjectName(guidOrNew(guid));
 }
@@ -215,7 +213,7 @@ QList<Comment *> Topic::comments() const
 
 Comment *Topic::comment(const QString &guid) const
 {
-    return _commentIndex->find<Comment>(guid);
+    return GuidIndex::find<Comment>(this, guid, &_commentIndex);
 }
 
 Comment *Topic::addComment(const QString &guid)
@@ -253,7 +251,7 @@ QList<Viewpoint *> Topic::viewpoints() const
 
 Viewpoint *Topic::viewpoint(const QString &guid) const
 {
-    return _viewpointIndex->find<Viewpoint>(guid);
+    return GuidIndex::find<Viewpoint>(this, guid, &_viewpointIndex);
 }
 
 Viewpoint *Topic::addViewpoint(const QString &guid)
@@ -262,7 +260,7 @@ Viewpoint *Topic::addViewpoint(const QString &guid)
         removeViewpoint(guid);
     }
     Viewpoint *viewpoint = createViewpoint(guidOrNew(guid));
-    if (_viewpointIndex->count<Viewpoint>() == 1) {
+    if (GuidIndex::count<Viewpoint>(this, &_viewpointIndex) == 1) {
         viewpoint->setViewpointFilename(QStringLiteral("viewpoint.bcfv"));
     }
     return viewpoint;
@@ -281,7 +279,7 @@ int Topic::positionOf(const Viewpoint *viewpoint) const
 {
     const QObjectList &all = children();
     if (!all.isEmpty() && all.last() == viewpoint && viewpoint->findChild<Viewpoint *>() == nullptr) {
-        return _viewpointIndex->count<Viewpoint>() - 1;
+        return GuidIndex::count<Viewpoint>(this, &_viewpointIndex) - 1;
     }
     return viewpoints().indexOf(const_cast<Viewpoint *>(viewpoint));
 }

@@ -304,8 +304,8 @@ private:
     bool _isCreationDateOfFile = false;
     bool _isModifiedDateOfFile = false;
     QMap<QString, QSharedPointer<QByteArray>> _snapshots;
-    std::unique_ptr<GuidIndex> _commentIndex;
-    std::unique_ptr<GuidIndex> _viewpointIndex;
+    mutable std::unique_ptr<GuidIndex> _commentIndex;
+    mutable std::unique_ptr<GuidIndex> _viewpointIndex;
     /// Only while a file is written.
     Xml::Printer *_printer = nullptr;
 };

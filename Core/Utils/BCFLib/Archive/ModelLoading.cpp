@@ -113,8 +113,13 @@ QStringList BCFModel::readTopics(QuaZip *zip, const QStringList &folders, const 
         if (Directory::enter(&dir, folder)) {
             if (Topic *topic = readTopic(zip, &dir, files, version)) {
                 topic->setParent(this);
-                for (Viewpoint *viewpoint : topic->viewpoints()) {
+                const QList<Viewpoint *> viewpoints = topic->viewpoints();
+                for (Viewpoint *viewpoint : viewpoints) {
                     readViewpointFile(zip, &dir, viewpoint);
+                }
+                // Only now, as the topic looks viewpoints up for it: what came below them after the first
+                // search would take more memory.
+                for (Viewpoint *viewpoint : viewpoints) {
                     readSnapshotFile(zip, &dir, viewpoint);
                 }
             }

@@ -39,11 +39,16 @@ bool isAnyOf(const std::type_info &type)
 template<class Work>
 void Owners::withIndexesOf(const QObject *owner, const Work &work)
 {
+    const auto callFor = [&work](const std::unique_ptr<GuidIndex> &index) {
+        if (index != nullptr) {
+            work(index.get());
+        }
+    };
     if (const Topic *topic = qobject_cast<const Topic *>(owner)) {
-        work(topic->_commentIndex.get());
-        work(topic->_viewpointIndex.get());
+        callFor(topic->_commentIndex);
+        callFor(topic->_viewpointIndex);
     } else if (const BCFModel *model = qobject_cast<const BCFModel *>(owner)) {
-        work(model->_topicIndex.get());
+        callFor(model->_topicIndex);
     }
 }
 

@@ -48,13 +48,16 @@ GuidIndex::GuidIndex(const QObject *owner, const QMetaObject *type)
     : _owner(owner)
     , _type(type)
 {
+    const QObjectList &children = owner->children();
+    _childCount = children.size() - (isBeingMade(children.value(children.size() - 1)) ? 1 : 0);
+    _lastChild = pointerTo(children.value(_childCount - 1));
+    for (int i = 0; i < _childCount; ++i) {
+        takeInTree(children.at(i));
+    }
 }
 
 void GuidIndex::childEvent(const QChildEvent *event)
 {
-    if (_listener == nullptr) {
-        return;
-    }
     QObject *child = event->child();
     if (event->added()) {
         if (child->parent() == _owner) {
@@ -96,22 +99,22 @@ void GuidIndex::forget(const QObject *child)
     if (known != _keys.end()) {
         _children.erase(known->second);
         _keys.erase(known);
-        QObject::disconnect(child, nullptr, _listener.get(), nullptr);
+        QObject::disconnect(child, nullptr, &_listener, nullptr);
     }
 }
 
 /// False where there can't be an index.
-bool GuidIndex::update()
+bool GuidIndex::update(const QObject *owner, const QMetaObject *type, std::unique_ptr<GuidIndex> *index)
 {
     // Without an application there are no child events.
     if (QCoreApplication::instance() == nullptr) {
-        end();
+        index->reset();
         return false;
     }
-    if (_listener == nullptr || !isComplete()) {
-        begin();
+    if (*index == nullptr || !(*index)->isComplete()) {
+        *index = std::make_unique<GuidIndex>(owner, type);
     }
-    takeInNewcomers();
+    (*index)->takeInNewcomers();
     return true;
 }
 
@@ -124,30 +127,8 @@ bool GuidIndex::isComplete() const
         --count;
     }
     const QObject *last = children.value(count - 1);
-    return count == _childCount
+    return !_isWrong && count == _childCount
         && (_lastChild != nullptr ? last == _lastChild : last == nullptr || isBare(last));
-}
-
-void GuidIndex::begin()
-{
-    end();
-    _listener = std::make_unique<QObject>();
-    const QObjectList &children = _owner->children();
-    _childCount = children.size() - (isBeingMade(children.value(children.size() - 1)) ? 1 : 0);
-    _lastChild = pointerTo(children.value(_childCount - 1));
-    for (int i = 0; i < _childCount; ++i) {
-        takeInTree(children.at(i));
-    }
-}
-
-void GuidIndex::end()
-{
-    _listener.reset();
-    _children.clear();
-    _keys.clear();
-    _newcomers.clear();
-    _strangers.clear();
-    _isDeeper = false;
 }
 
 void GuidIndex::takeInNewcomers()
@@ -196,7 +177,7 @@ void GuidIndex::takeIn(QObject *object, quint64 number)
     _keys.emplace(object, key);
     // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
     QObject::connect(
-        object, &QObject::objectNameChanged, _listener.get(),
+        object, &QObject::objectNameChanged, &_listener,
         [this, object](const QString &guid) { aboutToRename(object, guid); }, Qt::DirectConnection);
 }
 
@@ -222,18 +203,13 @@ bool GuidIndex::mayBeDeeper()
 /// The first child of that guid; null if there is none.
 QObject *GuidIndex::firstOf(const QString &guid)
 {
-    for (;;) {
-        const auto found = _children.lower_bound(Key(endOf(guid), guid, 0));
-        if (found == _children.end() || std::get<QString>(found->first) != guid) {
-            return nullptr;
-        }
-        QObject *child = found->second;
-        if (child != nullptr && child->parent() == _owner && child->objectName() == guid) {
-            return child;
-        }
-        // A host has kept an event from the index.
-        begin();
+    const auto found = _children.lower_bound(Key(endOf(guid), guid, 0));
+    if (found == _children.end() || std::get<QString>(found->first) != guid) {
+        return nullptr;
     }
+    QObject *child = found->second;
+    _isWrong = child == nullptr || child->parent() != _owner || child->objectName() != guid;
+    return child;
 }
 
 } // namespace BCFLib

@@ -6,6 +6,7 @@
 #include <QString>
 #include <map>
 #include <memory>
+#include <memory_resource>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -26,6 +27,37 @@ namespace BCFLib {
 class GuidIndex
 {
 public:
+    /// What a recursive findChild() gives, but that a null guid is one like any other empty one. The owner
+    /// keeps @p index, which is null until there is one.
+    template<class T>
+    static T *find(const QObject *owner, const QString &guid, std::unique_ptr<GuidIndex> *index)
+    {
+        const auto hasGuid = [&guid](const T *object) { return object->objectName() == guid; };
+        if (owner->children().size() < fewChildren) {
+            if (T *child = Search::childWhere<T>(owner, hasGuid)) {
+                return child;
+            }
+        }
+        QObject *child = nullptr;
+        do {
+            if (!update(owner, &T::staticMetaObject, index)) {
+                return Search::firstWhere<T>(owner, hasGuid);
+            }
+            child = (*index)->firstOf(guid);
+        } while ((*index)->_isWrong);
+        return child == nullptr && (*index)->mayBeDeeper() ? Search::firstWhere<T>(owner, hasGuid)
+                                                           : static_cast<T *>(child);
+    }
+
+    /// How many objects of the class there are below the owner.
+    template<class T>
+    static int count(const QObject *owner, std::unique_ptr<GuidIndex> *index)
+    {
+        return update(owner, &T::staticMetaObject, index) && !(*index)->mayBeDeeper()
+            ? static_cast<int>((*index)->_keys.size())
+            : Search::all<T>(owner).size();
+    }
+
     /// Of the children of @p owner of that class.
     GuidIndex(const QObject *owner, const QMetaObject *type);
 
@@ -36,31 +68,6 @@ public:
     /// To be called when a child is destroyed, while it still has its class.
     void forget(const QObject *child);
 
-    /// What a recursive findChild() gives, but that a null guid is one like any other empty one.
-    template<class T>
-    T *find(const QString &guid)
-    {
-        const auto hasGuid = [&guid](const T *object) { return object->objectName() == guid; };
-        if (_owner->children().size() < fewChildren) {
-            if (T *child = Search::childWhere<T>(_owner, hasGuid)) {
-                return child;
-            }
-        }
-        if (!update()) {
-            return Search::firstWhere<T>(_owner, hasGuid);
-        }
-        QObject *child = firstOf(guid);
-        return child == nullptr && mayBeDeeper() ? Search::firstWhere<T>(_owner, hasGuid)
-                                                 : static_cast<T *>(child);
-    }
-
-    /// How many objects of the class there are below the owner.
-    template<class T>
-    int count()
-    {
-        return update() && !mayBeDeeper() ? static_cast<int>(_keys.size()) : Search::all<T>(_owner).size();
-    }
-
 private:
     /// The end of a guid, which spares most looks at the text, the guid, and the number of the child in the
     /// order in which they came.
@@ -69,10 +76,8 @@ private:
     /// Up to here asking each child is as fast as the index.
     static constexpr int fewChildren = 32;
 
-    bool update();
+    static bool update(const QObject *owner, const QMetaObject *type, std::unique_ptr<GuidIndex> *index);
     bool isComplete() const;
-    void begin();
-    void end();
     void takeInNewcomers();
     void takeInTree(QObject *object);
     void takeIn(QObject *object, quint64 number);
@@ -81,20 +86,24 @@ private:
 
     const QObject *_owner;
     const QMetaObject *_type;
-    std::map<Key, QPointer<QObject>> _children;
-    std::unordered_map<const QObject *, Key> _keys;
+    /// Keeps the index close together: among ten thousand children most of a search is waiting for memory.
+    std::pmr::unsynchronized_pool_resource _memory;
+    std::pmr::map<Key, QPointer<QObject>> _children{&_memory};
+    std::pmr::unordered_map<const QObject *, Key> _keys{&_memory};
     /// Objects that had neither class nor name yet when they were reported, with their numbers.
     std::vector<std::pair<quint64, QPointer<QObject>>> _newcomers;
     quint64 _lastNumber = 0;
-    /// How many children of the owner it has heard of, and the last of them.
+    /// How many children the owner has reported, and the last of them.
     int _childCount = 0;
     QPointer<QObject> _lastChild;
     /// Objects of a host's own classes, which may not report what comes below them.
     std::vector<QPointer<QObject>> _strangers;
     /// Whether an object of the class stands further below, or can't be ruled out there.
     bool _isDeeper = false;
-    /// Hears of names; null until there is an index.
-    std::unique_ptr<QObject> _listener;
+    /// Whether a search has met a child that is not as was reported.
+    bool _isWrong = false;
+    /// Hears of names.
+    QObject _listener;
 };
 
 } // namespace BCFLib
