@@ -15,6 +15,7 @@ packages=(
     build-essential
     cmake
     libexpat1-dev
+    libicu-dev
     liblog4cplus-dev
     libopenscenegraph-dev
     ninja-build

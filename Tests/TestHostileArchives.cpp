@@ -345,10 +345,10 @@ void TestHostileArchives::texts_data()
     encoded("UTF-8 that says otherwise behind a mark", "iso-8859-1", "\xEF\xBB\xBF", 1, 0, "\xC3\xA9");
     encoded("UTF-16 that says otherwise", "UTF-8", "\xFF\xFE", 2, 0);
     encoded("UTF-32 behind a mark", "UTF-32", QByteArray("\0\0\xFE\xFF", 4), 4, 3);
-    QTest::newRow("what Windows adds to Shift-JIS")
-        << QByteArray("<?xml version='1.0' encoding='Shift_JIS'?><Version><DetailedVersion>C:\\\x87\x40~"
+    QTest::newRow("what Windows adds to GB 2312")
+        << QByteArray("<?xml version='1.0' encoding='gb2312'?><Version><DetailedVersion>C:\\\x87\x40~"
                       "</DetailedVersion></Version>")
-        << u8"C:\\\u2460~";
+        << u8"C:\\\u5606~";
     for (const char *end : {"\xEF\xBF", "\n\x1A", "\xEF\xBF\xBF\n<"}) {
         QTest::addRow("unreadable behind the root: %s", QByteArray(end).toHex().constData())
             << QByteArray("<Version><DetailedVersion>a</DetailedVersion></Version>") + end << "a";

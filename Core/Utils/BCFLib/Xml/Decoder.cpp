@@ -1,15 +1,11 @@
 #include "Decoder.h"
 
-#include "Encodings.h"
 #include "Text.h"
 
-#include <QByteArray>
 #include <QChar>
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <charconv>
-#include <cstdint>
 #include <new>
 #include <utility>
 
@@ -81,7 +77,21 @@ QByteArray declaredEncoding(std::string_view bytes)
     }
     const std::string_view value = declaration.substr(begin + 1);
     const std::string_view name = value.substr(0, value.find(declaration[begin]));
-    return Xml::iconvName(QByteArray(name.data(), static_cast<int>(name.size())));
+    return QByteArray(name.data(), static_cast<int>(name.size()));
+}
+
+/// The encoding that files of tools have under a name: East Asian ones with the characters that Windows adds
+/// to the standard.
+const char *usualEncoding(const QByteArray &name)
+{
+    static constexpr std::array<const char *, 2> usual[] = {
+        {"GB2312", "GB18030"}, {"EUC-CN", "GB18030"}, {"EUC-KR", "windows-949"}, {"CP949", "windows-949"}};
+    for (const auto &[standard, windows] : usual) {
+        if (ucnv_compareNames(name.constData(), standard) == 0) {
+            return windows;
+        }
+    }
+    return name.constData();
 }
 
 /// Kinds of bytes that need processing.
@@ -162,13 +172,6 @@ std::string_view sectionEndAt(std::string_view text)
 
 } // namespace
 
-Xml::Decoder::~Decoder()
-{
-    if (_converter != nullptr) {
-        iconv_close(_converter);
-    }
-}
-
 std::string_view Xml::Decoder::decode(std::string_view bytes, bool isLast)
 {
     if (!_hasBegun) {
@@ -182,7 +185,7 @@ std::string_view Xml::Decoder::decode(std::string_view bytes, bool isLast)
     if (isPlain(bytes)) {
         return bytes;
     }
-    appendUtf8(bytes);
+    append(bytes);
     replaceUnreadable(isLast);
     return _output;
 }
@@ -191,7 +194,7 @@ std::string_view Xml::Decoder::decode(std::string_view bytes, bool isLast)
 bool Xml::Decoder::isPlain(std::string_view bytes) const
 {
     const unsigned char kinds = kindsIn(bytes);
-    return _isUtf8 && _bytes.empty() && _text.empty() && _sectionEnd.empty() && kinds == Plain
+    return _converter.isNull() && _bytes.empty() && _text.empty() && _sectionEnd.empty() && kinds == Plain
         && !mayHoldMarkup(bytes, kinds);
 }
 
@@ -199,12 +202,12 @@ void Xml::Decoder::begin()
 {
     _hasBegun = true;
     const char *form = encodingByForm(_bytes);
-    const QByteArray encoding = form != nullptr ? QByteArray(form) : declaredEncoding(_bytes);
-    if (!encoding.isEmpty() && encoding != "UTF-8") {
-        openConverter(encoding.constData());
-        _isUtf8 = _converter == nullptr || (form == nullptr && !extendsAscii());
+    openConverter(form != nullptr ? QByteArray(form) : declaredEncoding(_bytes));
+    if (form == nullptr && !_converter.isNull() && convert("<?xml") != QLatin1String("<?xml")) {
+        // The declaration was read as ASCII, which the encoding doesn't extend.
+        _converter.adoptInstead(nullptr);
     }
-    appendUtf8({});
+    append({});
     skipDeclaration();
 }
 
@@ -224,72 +227,54 @@ void Xml::Decoder::skipDeclaration()
     _text.erase(0, _text.size() - text.size());
 }
 
-/// No converter if the encoding is unknown.
-void Xml::Decoder::openConverter(const char *encoding)
+/// None if the encoding is UTF-8 or unknown.
+void Xml::Decoder::openConverter(const QByteArray &encoding)
 {
-    _converter = iconv_open("UTF-8", encoding);
-    if (reinterpret_cast<std::intptr_t>(_converter) == -1) {
-        _converter = nullptr;
-        if (errno != EINVAL) {
-            throw std::bad_alloc();
-        }
+    const char *name = usualEncoding(encoding);
+    UErrorCode error = U_ZERO_ERROR;
+    // Of other names some would be looked for as files.
+    if (ucnv_countAliases(name, &error) > 0 && ucnv_compareNames(name, "UTF-8") != 0) {
+        _converter.adoptInstead(ucnv_open(name, &error));
+    }
+    if (error == U_MEMORY_ALLOCATION_ERROR) {
+        throw std::bad_alloc();
     }
 }
 
-/// Whether the encoding extends ASCII. Else the declaration is wrong, since it was read as ASCII.
-bool Xml::Decoder::extendsAscii() const
+/// The text of some bytes. The converter holds half a character at their end back.
+QString Xml::Decoder::convert(std::string_view bytes)
 {
-    std::string ascii = "<?xml";
-    std::array<char, 8> text;
-    char *in = ascii.data();
-    char *out = text.data();
-    std::size_t left = ascii.size();
-    std::size_t room = text.size();
-    iconv(_converter, &in, &left, &out, &room);
-    iconv(_converter, nullptr, nullptr, nullptr, nullptr);
-    return std::string_view(text.data(), text.size() - room) == ascii;
-}
-
-/// Appends UTF-8, with what is no text of XML replaced.
-void Xml::Decoder::appendText(std::string_view utf8)
-{
-    if ((kindsIn(utf8) & (NotAscii | Control)) == 0) {
-        _text += utf8;
-    } else {
-        _text += writableText(fromUtf8(utf8)).toStdString();
+    QString text;
+    const char *in = bytes.data();
+    const char *end = in + bytes.size();
+    UErrorCode error = U_BUFFER_OVERFLOW_ERROR;
+    while (error == U_BUFFER_OVERFLOW_ERROR) {
+        std::array<UChar, 4096> piece;
+        UChar *out = piece.data();
+        error = U_ZERO_ERROR;
+        ucnv_toUnicode(_converter.getAlias(), &out, piece.data() + piece.size(), &in, end, nullptr, false,
+                       &error);
+        text.append(reinterpret_cast<const QChar *>(piece.data()), static_cast<int>(out - piece.data()));
     }
+    return text;
 }
 
-/// Appends the bytes that were held back and these to the text, as far as they are whole characters. Half a
-/// character at the end of a file is never used: no text can stand there.
-void Xml::Decoder::appendUtf8(std::string_view bytes)
+/// Appends the bytes that were held back and these to the text, as far as they are whole characters, with
+/// what is no text of XML replaced. Half a character at the end of a file is never used: no text can stand
+/// there.
+void Xml::Decoder::append(std::string_view bytes)
 {
     _bytes += bytes;
-    std::size_t done = 0;
-    if (_isUtf8) {
-        done = lengthOfWhole(_bytes);
-        appendText({_bytes.data(), done});
+    const std::size_t length = _converter.isNull() ? lengthOfWhole(_bytes) : _bytes.size();
+    const std::string_view whole(_bytes.data(), length);
+    if (!_converter.isNull()) {
+        _text += writableText(convert(whole)).toStdString();
+    } else if ((kindsIn(whole) & (NotAscii | Control)) == 0) {
+        _text += whole;
+    } else {
+        _text += writableText(fromUtf8(whole)).toStdString();
     }
-    while (!_isUtf8 && done < _bytes.size()) {
-        std::array<char, 4096> piece;
-        char *in = &_bytes[done];
-        char *out = piece.data();
-        std::size_t left = _bytes.size() - done;
-        std::size_t room = piece.size();
-        const std::size_t result = iconv(_converter, &in, &left, &out, &room);
-        const int error = result == static_cast<std::size_t>(-1) ? errno : 0;
-        // Some converters let numbers through that are no characters.
-        appendText({piece.data(), piece.size() - room});
-        done = _bytes.size() - left;
-        if (error == EINVAL) {
-            break;
-        }
-        if (error == EILSEQ) {
-            _text += replacement;
-            ++done;
-        }
-    }
-    _bytes.erase(0, done);
+    _bytes.erase(0, length);
 }
 
 /// Moves the text to what is ready, but for its end if that could be the beginning of something.

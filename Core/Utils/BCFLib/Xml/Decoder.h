@@ -1,9 +1,11 @@
 #ifndef BCFLIB_XML_DECODER_H
 #define BCFLIB_XML_DECODER_H
 
-#include <iconv.h>
+#include <QByteArray>
+#include <QString>
 #include <string>
 #include <string_view>
+#include <unicode/ucnv.h>
 
 namespace BCFLib {
 namespace Xml {
@@ -17,11 +19,6 @@ namespace Xml {
 class Decoder
 {
 public:
-    Decoder() = default;
-    ~Decoder();
-    Decoder(const Decoder &) = delete;
-    Decoder &operator=(const Decoder &) = delete;
-
     /// The next piece of text, good until the next call; some of it may be held back until then.
     std::string_view decode(std::string_view bytes, bool isLast);
 
@@ -29,10 +26,9 @@ private:
     void begin();
     bool isPlain(std::string_view bytes) const;
     void skipDeclaration();
-    void openConverter(const char *encoding);
-    bool extendsAscii() const;
-    void appendText(std::string_view utf8);
-    void appendUtf8(std::string_view bytes);
+    void openConverter(const QByteArray &encoding);
+    QString convert(std::string_view bytes);
+    void append(std::string_view bytes);
     void replaceUnreadable(bool isLast);
     std::size_t move(std::string_view text, std::size_t length);
     std::size_t moveSection(std::string_view text, bool isLast);
@@ -44,8 +40,8 @@ private:
     /// Text that is ready.
     std::string _output;
     bool _hasBegun = false;
-    bool _isUtf8 = true;
-    iconv_t _converter = nullptr;
+    /// None for UTF-8.
+    icu::LocalUConverterPointer _converter;
     /// What ends the comment, instruction or CDATA section that the text stands in; empty outside.
     std::string_view _sectionEnd;
 };
