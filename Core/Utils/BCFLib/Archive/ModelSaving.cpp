@@ -116,13 +116,13 @@ bool BCFModel::writeArchive(QuaZip *zip) const
 {
     if (Version *record = version()) {
         const auto write = [record](QIODevice *device) { return record->serialize(device); };
-        if (!EntryWriter::writeText(zip, versionName, write)) {
+        if (!EntryWriter::write(zip, versionName, EntryWriter::textMode, write)) {
             return false;
         }
     }
     if (Project *record = project()) {
         const auto write = [record](QIODevice *device) { return record->serialize(device); };
-        if (!EntryWriter::write(zip, projectName, QIODevice::WriteOnly, EntryWriter::noPermissions, write)) {
+        if (!EntryWriter::write(zip, projectName, EntryWriter::byteMode, write, EntryWriter::noPermissions)) {
             return false;
         }
     }
@@ -147,7 +147,7 @@ bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, const QString &folder, QStr
 {
     const QString path = folder + QLatin1Char('/');
     const auto writeMarkup = [topic, &files](QIODevice *device) { return topic->serialize(device, files); };
-    if (!EntryWriter::writeText(zip, path + QStringLiteral("markup.bcf"), writeMarkup)) {
+    if (!EntryWriter::write(zip, path + QStringLiteral("markup.bcf"), EntryWriter::textMode, writeMarkup)) {
         return false;
     }
     const auto entries = topic->viewpointEntries();
@@ -158,8 +158,9 @@ bool BCFModel::writeTopic(QuaZip *zip, Topic *topic, const QString &folder, QStr
         const auto writeImage = [topic, viewpoint](QIODevice *device) {
             return topic->writeSnaphot(viewpoint->guid(), device);
         };
-        if ((!file.isEmpty() && !EntryWriter::writeText(zip, path + file, writeViewpoint))
-            || (!image.isEmpty() && !EntryWriter::writeBytes(zip, path + image, writeImage))) {
+        if ((!file.isEmpty() && !EntryWriter::write(zip, path + file, EntryWriter::textMode, writeViewpoint))
+            || (!image.isEmpty()
+                && !EntryWriter::write(zip, path + image, EntryWriter::byteMode, writeImage))) {
             return false;
         }
     }
@@ -175,7 +176,7 @@ bool BCFModel::writeAttachment(QuaZip *zip, const QString &path)
             && readToEnd(&file, Limits::attachmentBytes, &bytes) == ReadOutcome::Complete
             && device->write(bytes) == bytes.size();
     };
-    return EntryWriter::writeBytes(zip, attachmentName(path), write);
+    return EntryWriter::write(zip, attachmentName(path), EntryWriter::byteMode, write);
 }
 
 } // namespace BCFLib

@@ -33,9 +33,7 @@ bool standsBelow(const QDir &dir, const QString &path)
 CacheFolder::CacheFolder()
     : _dir(location())
 {
-    if (!_dir.exists()) {
-        _dir.mkpath(QStringLiteral("."));
-    }
+    _dir.mkpath(QStringLiteral("."));
 }
 
 QString CacheFolder::path() const

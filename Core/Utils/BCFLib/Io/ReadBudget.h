@@ -45,8 +45,7 @@ class BudgetedDevice
 public:
     virtual ~BudgetedDevice() = default;
 
-    /// Null where nothing has to be spared.
-    ReadBudget *budget() const { return _spent; }
+    ReadBudget *budget() const { return _budget; }
 
     /// The budget of any device; null if it has none.
     static ReadBudget *budgetOf(QIODevice *device)
@@ -56,13 +55,15 @@ public:
     }
 
 protected:
-    explicit BudgetedDevice(ReadBudget *budget)
-        : _spent(budget)
+    /// Without a budget to share it has one of its own.
+    explicit BudgetedDevice(ReadBudget *shared = nullptr)
+        : _budget(shared != nullptr ? shared : &_own)
     {
     }
 
 private:
-    ReadBudget *_spent;
+    ReadBudget _own;
+    ReadBudget *_budget;
 };
 
 } // namespace BCFLib

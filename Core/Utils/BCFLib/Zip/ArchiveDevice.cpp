@@ -13,12 +13,11 @@ constexpr qint64 blockSize = 16LL * 1024;
 } // namespace
 
 ArchiveDevice::ArchiveDevice(const QString &path)
-    : BudgetedDevice(&_budget)
     // The host may go to another folder while the archive is read.
-    , _file(QFileInfo(path).absoluteFilePath())
-    , _bytes(new char[static_cast<size_t>(blockSize) * _slots.size()])
+    : _file(QFileInfo(path).absoluteFilePath())
+    , _bytes(new char[static_cast<size_t>(blockSize) * _blocks.size()])
 {
-    _budget.setArchiveSize(_file.size());
+    budget()->setArchiveSize(_file.size());
 }
 
 ArchiveDevice::~ArchiveDevice() = default;
@@ -75,9 +74,9 @@ bool ArchiveDevice::isSound() const
 qint64 ArchiveDevice::readData(char *data, qint64 maxSize)
 {
     qint64 length = 0;
-    while (length < maxSize && !_budget.isSpent()) {
+    while (length < maxSize && !budget()->isSpent()) {
         const qint64 position = pos() + length;
-        const Block block = this->block(position / blockSize);
+        const Block &block = this->block(position / blockSize);
         const qint64 offset = position % blockSize;
         const qint64 count = qMin(block.size - offset, maxSize - length);
         if (count <= 0) {
@@ -86,7 +85,7 @@ qint64 ArchiveDevice::readData(char *data, qint64 maxSize)
         std::memcpy(data + length, block.bytes + offset, static_cast<size_t>(count));
         length += count;
     }
-    _budget.read(length);
+    budget()->read(length);
     return length;
 }
 
@@ -95,18 +94,18 @@ qint64 ArchiveDevice::writeData(const char * /*data*/, qint64 /*maxSize*/)
     return -1;
 }
 
-ArchiveDevice::Block ArchiveDevice::block(qint64 number)
+const ArchiveDevice::Block &ArchiveDevice::block(qint64 number)
 {
-    const size_t index = static_cast<size_t>(number) % _slots.size();
-    Slot &slot = _slots[index];
-    char *bytes = _bytes.get() + static_cast<size_t>(blockSize) * index;
-    if (slot.number != number) {
+    const size_t index = static_cast<size_t>(number) % _blocks.size();
+    Block &block = _blocks[index];
+    if (block.number != number) {
         const qint64 start = number * blockSize;
-        slot.number = number;
-        slot.size = _file.seek(start) ? qMax<qint64>(0, _file.read(bytes, blockSize)) : 0;
-        _isSound = _isSound && slot.size >= qMin(blockSize, _size - start);
+        block.number = number;
+        block.bytes = _bytes.get() + static_cast<size_t>(blockSize) * index;
+        block.size = _file.seek(start) ? qMax<qint64>(0, _file.read(block.bytes, blockSize)) : 0;
+        _isSound = _isSound && block.size >= qMin(blockSize, _size - start);
     }
-    return {bytes, slot.size};
+    return block;
 }
 
 } // namespace BCFLib

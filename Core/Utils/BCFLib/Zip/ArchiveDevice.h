@@ -48,24 +48,19 @@ protected:
 private:
     struct Block
     {
-        const char *bytes;
-        qint64 size;
-    };
-    struct Slot
-    {
         qint64 number = -1;
         qint64 size = 0;
+        char *bytes = nullptr;
     };
 
     /// The block of that number; smaller than others at the end of the file.
-    Block block(qint64 number);
+    const Block &block(qint64 number);
 
     QFile _file;
-    std::array<Slot, 64> _slots;
-    /// The bytes of all slots. Nothing is allocated later on, as a zip reader may not be thrown through.
+    std::array<Block, 64> _blocks;
+    /// The bytes of all blocks. Nothing is allocated later on, as a zip reader may not be thrown through.
     std::unique_ptr<char[]> _bytes;
     Directory _directory;
-    ReadBudget _budget;
     /// What the file was like when it was opened.
     qint64 _size = 0;
     QDateTime _modified;

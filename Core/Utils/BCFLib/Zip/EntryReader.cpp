@@ -33,12 +33,10 @@ EntryReader::~EntryReader()
 
 bool EntryReader::open(OpenMode mode)
 {
-    if (isSpent()) {
+    if (budget()->isSpent()) {
         return false;
     }
-    if (budget() != nullptr) {
-        budget()->openEntry();
-    }
+    budget()->openEntry();
     int method = 0;
     int level = 0;
     if (!QuaZipFile::open(mode, &method, &level, false)) {
@@ -54,17 +52,10 @@ bool EntryReader::open(OpenMode mode)
 
 qint64 EntryReader::readData(char *data, qint64 maxSize)
 {
-    const qint64 count = isSpent() ? -1 : QuaZipFile::readData(data, maxSize);
+    const qint64 count = budget()->isSpent() ? -1 : QuaZipFile::readData(data, maxSize);
     throwIfOutOfMemory();
-    if (budget() != nullptr) {
-        budget()->spend(qMax<qint64>(0, count));
-    }
+    budget()->spend(qMax<qint64>(0, count));
     return count;
-}
-
-bool EntryReader::isSpent() const
-{
-    return budget() != nullptr && budget()->isSpent();
 }
 
 void EntryReader::throwIfOutOfMemory() const

@@ -26,7 +26,6 @@ protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
-    bool isSpent() const;
     void throwIfOutOfMemory() const;
 };
 

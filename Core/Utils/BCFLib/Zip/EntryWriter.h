@@ -14,17 +14,18 @@ namespace BCFLib {
 /// Writes an entry of a zip.
 namespace EntryWriter {
 
+constexpr QIODevice::OpenMode textMode = QIODevice::WriteOnly | QIODevice::Text;
+constexpr QIODevice::OpenMode byteMode = QIODevice::WriteOnly;
+
 constexpr QFileDevice::Permissions noPermissions;
 constexpr QFileDevice::Permissions readPermissions =
     QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 
-/// False if the entry can't be opened, written or closed, or if who writes it closes it.
-bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode, QFileDevice::Permissions permissions,
-           const std::function<bool(QIODevice *)> &writeTo);
-/// The same in text mode, for all to read.
-bool writeText(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &writeTo);
-/// The same for bytes.
-bool writeBytes(QuaZip *zip, const QString &name, const std::function<bool(QIODevice *)> &writeTo);
+/// Deflates what @p writeTo writes. False if the entry can't be opened, written or closed, or if who writes it
+/// closes it.
+bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
+           const std::function<bool(QIODevice *)> &writeTo,
+           QFileDevice::Permissions permissions = readPermissions);
 
 } // namespace EntryWriter
 } // namespace BCFLib

@@ -6,7 +6,6 @@ namespace BCFLib {
 
 SavedFile::SavedFile(const QString &path)
     : QFile(path)
-    , BudgetedDevice(&_budget)
 {
 }
 

@@ -28,7 +28,6 @@ private:
     template<class Work>
     bool note(const Work &work);
 
-    ReadBudget _budget;
     bool _isSound = true;
 };
 
