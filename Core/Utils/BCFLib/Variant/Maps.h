@@ -11,25 +11,25 @@ namespace BCFLib {
 /// Helpers shared by all conversions to and from variants.
 namespace Variants {
 
-inline void insertIfNotEmpty(QVariantMap &map, const QString &key, const QString &text)
+/// A text or a list.
+template<class T>
+void insertIfNotEmpty(QVariantMap &map, const QString &key, const T &value)
 {
-    if (!text.isEmpty()) {
-        map.insert(key, text);
+    if (!value.isEmpty()) {
+        map.insert(key, value);
     }
 }
 
-/// The list of what @p form gives for each of @p objects, if there are any.
+/// What @p form gives for each of @p objects.
 template<class T, class Form>
-void insertFormsIfNotEmpty(QVariantMap &map, const QString &key, const QList<T *> &objects, const Form &form)
+QVariantList formsOf(const QList<T *> &objects, const Form &form)
 {
     QVariantList forms;
     forms.reserve(objects.size());
     for (const T *object : objects) {
         forms.append(std::invoke(form, object));
     }
-    if (!forms.isEmpty()) {
-        map.insert(key, forms);
-    }
+    return forms;
 }
 
 /// The list that a value holds. Of a text, which Qt 6 takes for a list of characters, nothing.

@@ -1,8 +1,6 @@
 #include "BCF_2_0_Viewpoint.h"
 #include "Variant/Maps.h"
 
-#include <QVariantMap>
-
 namespace BCF_2_0_Lib {
 
 namespace {
@@ -50,9 +48,7 @@ QMap<QString, QVariant> Viewpoint::componentsToQVariant() const
     map.insert(QStringLiteral("visibility"),
                QVariantMap{{QStringLiteral("default_visibility"), defaultVisibility},
                            {QStringLiteral("exceptions"), defaultVisibility ? hidden : shown}});
-    if (!selected.isEmpty()) {
-        map.insert(QStringLiteral("selection"), selected);
-    }
+    BCFLib::Variants::insertIfNotEmpty(map, QStringLiteral("selection"), selected);
     QVariantList coloring;
     for (auto group = groups.constBegin(); group != groups.constEnd(); ++group) {
         const bool hasMark = group.key().startsWith(QLatin1Char('#'));
@@ -60,9 +56,7 @@ QMap<QString, QVariant> Viewpoint::componentsToQVariant() const
         coloring.append(
             QVariantMap{{QStringLiteral("color"), color}, {QStringLiteral("components"), group.value()}});
     }
-    if (!coloring.isEmpty()) {
-        map.insert(QStringLiteral("coloring"), coloring);
-    }
+    BCFLib::Variants::insertIfNotEmpty(map, QStringLiteral("coloring"), coloring);
     return map;
 }
 

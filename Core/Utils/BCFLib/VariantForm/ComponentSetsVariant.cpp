@@ -2,10 +2,6 @@
 #include "Components.h"
 #include "Variant/Maps.h"
 
-#include <QVariantMap>
-
-#include <utility>
-
 namespace BCFLib {
 
 QVariant Components::toQVariant() const
@@ -20,17 +16,14 @@ QVariant Components::toQVariant() const
                                {QStringLiteral("exceptions"),
                                 componentListToVariant(_visibilityExceptionComponents)}});
     }
-    if (!_selectionComponents.isEmpty()) {
-        map.insert(QStringLiteral("selection"), componentListToVariant(_selectionComponents));
-    }
+    Variants::insertIfNotEmpty(map, QStringLiteral("selection"),
+                               componentListToVariant(_selectionComponents));
     QVariantList coloring;
     for (auto group = _coloringComponents.constBegin(); group != _coloringComponents.constEnd(); ++group) {
         coloring.append(QVariantMap{{QStringLiteral("color"), group.key()},
                                     {QStringLiteral("components"), componentListToVariant(group.value())}});
     }
-    if (!coloring.isEmpty()) {
-        map.insert(QStringLiteral("coloring"), coloring);
-    }
+    Variants::insertIfNotEmpty(map, QStringLiteral("coloring"), coloring);
     return map;
 }
 
@@ -57,12 +50,7 @@ void Components::fromQVariant(const QVariant &variant)
 
 QList<QVariant> Components::componentListToVariant(const QList<Component *> &list) const
 {
-    QVariantList forms;
-    forms.reserve(list.size());
-    for (const Component *component : list) {
-        forms.append(component->toQVariant());
-    }
-    return forms;
+    return Variants::formsOf(list, &Component::toQVariant);
 }
 
 QVector<Components::Mention> Components::mentionsOf(const QVariant &list)

@@ -22,9 +22,7 @@ QVariant Topic::toQVariant() const
     if (_index >= 0) {
         map.insert(QStringLiteral("index"), _index);
     }
-    if (!_labels.isEmpty()) {
-        map.insert(QStringLiteral("labels"), _labels);
-    }
+    Variants::insertIfNotEmpty(map, QStringLiteral("labels"), _labels);
     map.insert(QStringLiteral("creation_date"), Variants::fromDate(creationDate()));
     map.insert(QStringLiteral("creation_author"), _creationAuthor);
     if (!_modifiedDate.isNull()) {
@@ -36,13 +34,15 @@ QVariant Topic::toQVariant() const
     if (const BimSnippet *snippet = bimSnippet()) {
         map.insert(QStringLiteral("bim_snippet"), snippet->toQVariant());
     }
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("files"), files(), &File::toQVariant);
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("document_references"), documentReferences(),
-                                    &DocumentReference::toQVariant);
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("related_topics"), relatedTopics(),
-                                    &RelatedTopic::toQVariant);
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("comments"), comments(), &Comment::toQVariant);
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("viewpoints"), viewpoints(), &Viewpoint::toQVariant);
+    Variants::insertIfNotEmpty(map, QStringLiteral("files"), Variants::formsOf(files(), &File::toQVariant));
+    Variants::insertIfNotEmpty(map, QStringLiteral("document_references"),
+                               Variants::formsOf(documentReferences(), &DocumentReference::toQVariant));
+    Variants::insertIfNotEmpty(map, QStringLiteral("related_topics"),
+                               Variants::formsOf(relatedTopics(), &RelatedTopic::toQVariant));
+    Variants::insertIfNotEmpty(map, QStringLiteral("comments"),
+                               Variants::formsOf(comments(), &Comment::toQVariant));
+    Variants::insertIfNotEmpty(map, QStringLiteral("viewpoints"),
+                               Variants::formsOf(viewpoints(), &Viewpoint::toQVariant));
     return map;
 }
 

@@ -14,11 +14,6 @@ namespace BCFLib {
 
 namespace {
 
-QVariant pointForm(const osg::Vec3d &point)
-{
-    return Tavrin::Vec3dToQVariant(point);
-}
-
 osg::Vec3d pointFromForm(const QVariantMap &map, const QString &key)
 {
     return Tavrin::Vec3dFromQVariant(map.value(key).toMap());
@@ -26,22 +21,22 @@ osg::Vec3d pointFromForm(const QVariantMap &map, const QString &key)
 
 QVariantMap lineForm(const Line *line)
 {
-    return {{QStringLiteral("start_point"), pointForm(line->startPoint())},
-            {QStringLiteral("end_point"), pointForm(line->endPoint())}};
+    return {{QStringLiteral("start_point"), Tavrin::Vec3dToQVariant(line->startPoint())},
+            {QStringLiteral("end_point"), Tavrin::Vec3dToQVariant(line->endPoint())}};
 }
 
 QVariantMap clippingPlaneForm(const ClippingPlane *plane)
 {
-    return {{QStringLiteral("location"), pointForm(plane->location())},
-            {QStringLiteral("direction"), pointForm(plane->direction())}};
+    return {{QStringLiteral("location"), Tavrin::Vec3dToQVariant(plane->location())},
+            {QStringLiteral("direction"), Tavrin::Vec3dToQVariant(plane->direction())}};
 }
 
 QVariantMap bitmapForm(const Bitmap *bitmap)
 {
     return {{QStringLiteral("bitmap_type"), static_cast<int>(bitmap->bitmapFormat())},
-            {QStringLiteral("location"), pointForm(bitmap->location())},
-            {QStringLiteral("normal"), pointForm(bitmap->normal())},
-            {QStringLiteral("up"), pointForm(bitmap->up())},
+            {QStringLiteral("location"), Tavrin::Vec3dToQVariant(bitmap->location())},
+            {QStringLiteral("normal"), Tavrin::Vec3dToQVariant(bitmap->normal())},
+            {QStringLiteral("up"), Tavrin::Vec3dToQVariant(bitmap->up())},
             {QStringLiteral("height"), bitmap->height()}};
 }
 
@@ -91,10 +86,10 @@ QVariant Viewpoint::toQVariant() const
     if ((_whichCameraIsSet & perspectiveBit) != 0) {
         map.insert(QStringLiteral("perspective_camera"), _perspectiveCamera.toQVariant());
     }
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("lines"), lines(), lineForm);
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("clipping_planes"), clippingPlanes(),
-                                    clippingPlaneForm);
-    Variants::insertFormsIfNotEmpty(map, QStringLiteral("bitmaps"), bitmaps(), bitmapForm);
+    Variants::insertIfNotEmpty(map, QStringLiteral("lines"), Variants::formsOf(lines(), lineForm));
+    Variants::insertIfNotEmpty(map, QStringLiteral("clipping_planes"),
+                               Variants::formsOf(clippingPlanes(), clippingPlaneForm));
+    Variants::insertIfNotEmpty(map, QStringLiteral("bitmaps"), Variants::formsOf(bitmaps(), bitmapForm));
     map.insert(QStringLiteral("components"), componentsToQVariant());
     return map;
 }

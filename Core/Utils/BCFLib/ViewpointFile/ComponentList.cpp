@@ -57,16 +57,11 @@ void Viewpoint::writeComponents(QDomDocument &document, QDomElement &root)
     }
     QDomElement components = Xml::appendElement(document, root, QStringLiteral("Components"));
     for (const Component *component : qAsConst(_components)) {
-        QDomElement element = Xml::appendElement(document, components, QStringLiteral("Component"));
-        Xml::setAttribute(element, QStringLiteral("IfcGuid"), component->guid());
+        component->write(document, components);
+        QDomElement element = components.lastChildElement();
         writeMark(element, QStringLiteral("Selected"), component->selected());
         writeMark(element, QStringLiteral("Visible"), component->visible());
-        Xml::setAttributeIfNotEmpty(element, QStringLiteral("IfcProjectGuid"), component->ifcProjectId());
         Xml::setAttributeIfNotEmpty(element, QStringLiteral("Color"), component->color());
-        Xml::appendTextIfNotEmpty(document, element, QStringLiteral("OriginatingSystem"),
-                                  component->originatingSystem());
-        Xml::appendTextIfNotEmpty(document, element, QStringLiteral("AuthoringToolId"),
-                                  component->authoringToolId());
         printFinished(document);
     }
 }

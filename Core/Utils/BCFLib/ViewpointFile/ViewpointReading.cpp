@@ -9,7 +9,6 @@
 #include "Xml/Reader.h"
 
 #include <QDomDocument>
-#include <QIODevice>
 
 namespace BCFLib {
 
@@ -82,14 +81,8 @@ void Viewpoint::readComponents(QDomElement &root)
 bool Viewpoint::readCameras(QDomElement &root)
 {
     _whichCameraIsSet = 0;
-    const QDomElement perspective = root.firstChildElement(QStringLiteral("PerspectiveCamera"));
-    if (!perspective.isNull()) {
-        readAndCheckValidPerspectiveCamera(perspective);
-    }
-    const QDomElement orthogonal = root.firstChildElement(QStringLiteral("OrthogonalCamera"));
-    if (!orthogonal.isNull()) {
-        readAndCheckValidOrthogonalCamera(orthogonal);
-    }
+    readAndCheckValidPerspectiveCamera(root.firstChildElement(QStringLiteral("PerspectiveCamera")));
+    readAndCheckValidOrthogonalCamera(root.firstChildElement(QStringLiteral("OrthogonalCamera")));
     return _whichCameraIsSet != 0;
 }
 

@@ -10,25 +10,25 @@
 #include "Xml/Printer.h"
 
 #include <QDomDocument>
-#include <QIODevice>
 #include <QScopedValueRollback>
 
 namespace BCFLib {
 
 namespace {
 
+void appendPoint(QDomDocument &document, QDomElement &parent, const QString &name, const osg::Vec3d &point)
+{
+    parent.appendChild(Tavrin::DOMXml::createPointElement(document, name, point));
+}
+
 template<class Camera>
 void writeCamera(QDomDocument &document, QDomElement &root, const QString &name, const Camera &camera,
                  const QString &numberName, double number)
 {
-    using Tavrin::DOMXml::createPointElement;
     QDomElement element = Xml::appendElement(document, root, name);
-    element.appendChild(
-        createPointElement(document, QStringLiteral("CameraViewPoint"), camera.cameraViewPoint));
-    element.appendChild(
-        createPointElement(document, QStringLiteral("CameraDirection"), camera.cameraDirection));
-    element.appendChild(
-        createPointElement(document, QStringLiteral("CameraUpVector"), camera.cameraUpVector));
+    appendPoint(document, element, QStringLiteral("CameraViewPoint"), camera.cameraViewPoint);
+    appendPoint(document, element, QStringLiteral("CameraDirection"), camera.cameraDirection);
+    appendPoint(document, element, QStringLiteral("CameraUpVector"), camera.cameraUpVector);
     Tavrin::DOMXml::AddNumberElement(document, element, numberName, number);
 }
 
@@ -81,10 +81,9 @@ void Viewpoint::writeLines(QDomDocument &document, QDomElement &root)
     }
     QDomElement wrapper = Xml::appendElement(document, root, QStringLiteral("Lines"));
     for (const Line *line : all) {
-        using Tavrin::DOMXml::createPointElement;
         QDomElement element = Xml::appendElement(document, wrapper, QStringLiteral("Line"));
-        element.appendChild(createPointElement(document, QStringLiteral("StartPoint"), line->startPoint()));
-        element.appendChild(createPointElement(document, QStringLiteral("EndPoint"), line->endPoint()));
+        appendPoint(document, element, QStringLiteral("StartPoint"), line->startPoint());
+        appendPoint(document, element, QStringLiteral("EndPoint"), line->endPoint());
         printFinished(document);
     }
 }
@@ -97,10 +96,9 @@ void Viewpoint::writeClippingPlanes(QDomDocument &document, QDomElement &root)
     }
     QDomElement wrapper = Xml::appendElement(document, root, QStringLiteral("ClippingPlanes"));
     for (const ClippingPlane *plane : all) {
-        using Tavrin::DOMXml::createPointElement;
         QDomElement element = Xml::appendElement(document, wrapper, QStringLiteral("ClippingPlane"));
-        element.appendChild(createPointElement(document, QStringLiteral("Location"), plane->location()));
-        element.appendChild(createPointElement(document, QStringLiteral("Direction"), plane->direction()));
+        appendPoint(document, element, QStringLiteral("Location"), plane->location());
+        appendPoint(document, element, QStringLiteral("Direction"), plane->direction());
         printFinished(document);
     }
 }
@@ -108,14 +106,13 @@ void Viewpoint::writeClippingPlanes(QDomDocument &document, QDomElement &root)
 void Viewpoint::writeBitmaps(QDomDocument &document, QDomElement &root)
 {
     for (const Bitmap *bitmap : bitmaps()) {
-        using Tavrin::DOMXml::createPointElement;
         // Each bitmap stands directly below the root, under a plural name.
         QDomElement element = Xml::appendElement(document, root, QStringLiteral("Bitmaps"));
         Xml::appendText(document, element, QStringLiteral("Bitmap"), bitmap->bitmapFormatAsString());
         Xml::appendText(document, element, QStringLiteral("Reference"), bitmap->reference());
-        element.appendChild(createPointElement(document, QStringLiteral("Location"), bitmap->location()));
-        element.appendChild(createPointElement(document, QStringLiteral("Normal"), bitmap->normal()));
-        element.appendChild(createPointElement(document, QStringLiteral("Up"), bitmap->up()));
+        appendPoint(document, element, QStringLiteral("Location"), bitmap->location());
+        appendPoint(document, element, QStringLiteral("Normal"), bitmap->normal());
+        appendPoint(document, element, QStringLiteral("Up"), bitmap->up());
         Tavrin::DOMXml::AddNumberElement(document, element, QStringLiteral("Height"), bitmap->height());
         printFinished(document);
     }
