@@ -13,16 +13,6 @@ BCFLoadingWorker::BCFLoadingWorker(QString filename)
 
 BCFLoadingWorker::~BCFLoadingWorker() = default;
 
-QSharedPointer<BCFModel> BCFLoadingWorker::model() const
-{
-    return _model;
-}
-
-const QString &BCFLoadingWorker::filename() const
-{
-    return _filename;
-}
-
 void BCFLoadingWorker::doLoad()
 {
     const Tavrin::ProgressionSignals progression(nullptr);

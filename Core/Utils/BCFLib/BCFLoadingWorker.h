@@ -26,9 +26,9 @@ public:
     ~BCFLoadingWorker() override;
 
     /// A share of the model; null until a load has ended, never null afterwards.
-    QSharedPointer<BCFModel> model() const;
+    QSharedPointer<BCFModel> model() const { return _model; }
     /// The path that the worker was made with.
-    const QString &filename() const;
+    const QString &filename() const { return _filename; }
 
 Q_SIGNALS:
     /// The load has ended, well or badly; the model shows which.

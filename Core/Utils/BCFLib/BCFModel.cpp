@@ -128,16 +128,6 @@ void BCFModel::removeTopic(const QString &guid)
     delete topic(guid);
 }
 
-QString BCFModel::errorString() const
-{
-    return _errorString;
-}
-
-void BCFModel::setErrorString(const QString &errorString)
-{
-    _errorString = errorString;
-}
-
 bool BCFModel::isValid() const
 {
     QString message;

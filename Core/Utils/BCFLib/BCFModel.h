@@ -99,8 +99,8 @@ public:
     void removeTopic(const QString &guid);
 
     /// What went wrong in the load that made this model; empty if nothing did.
-    QString errorString() const;
-    void setErrorString(const QString &errorString);
+    QString errorString() const { return _errorString; }
+    void setErrorString(const QString &errorString) { _errorString = errorString; }
 
     /// Writes the model as a zip archive straight at @p path, replacing a file that is there.
     ///

@@ -9,24 +9,4 @@ Comment::Comment(const QString &guid, QObject *parent)
 
 Comment::~Comment() = default;
 
-QString Comment::verbalStatus() const
-{
-    return _verbalStatus;
-}
-
-void Comment::setVerbalStatus(const QString &verbalStatus)
-{
-    _verbalStatus = verbalStatus;
-}
-
-QString Comment::status() const
-{
-    return _status;
-}
-
-void Comment::setStatus(const QString &status)
-{
-    _status = status;
-}
-
 } // namespace BCF_2_0_Lib

@@ -22,12 +22,12 @@ public:
     void fromQVariant(const QVariant &variant) override;
 
     /// Free text that people use for the state of the issue.
-    QString verbalStatus() const;
-    void setVerbalStatus(const QString &verbalStatus);
+    QString verbalStatus() const { return _verbalStatus; }
+    void setVerbalStatus(const QString &verbalStatus) { _verbalStatus = verbalStatus; }
 
     /// Free text; tools write values such as "Error", "Warning", "Info", "Unknown".
-    QString status() const;
-    void setStatus(const QString &status);
+    QString status() const { return _status; }
+    void setStatus(const QString &status) { _status = status; }
 
 protected:
     /// Reads what the base class reads, and the two status texts.

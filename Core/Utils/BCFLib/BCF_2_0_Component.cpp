@@ -16,34 +16,4 @@ Component::~Component()
     }
 }
 
-Tavrin::Boolean Component::visible() const
-{
-    return _visible;
-}
-
-void Component::setVisible(Tavrin::Boolean visible)
-{
-    _visible = visible;
-}
-
-Tavrin::Boolean Component::selected() const
-{
-    return _selected;
-}
-
-void Component::setSelected(Tavrin::Boolean selected)
-{
-    _selected = selected;
-}
-
-QString Component::color() const
-{
-    return _color;
-}
-
-void Component::setColor(const QString &color)
-{
-    _color = color;
-}
-
 } // namespace BCF_2_0_Lib

@@ -21,17 +21,17 @@ public:
     ~Component() override;
 
     /// Whether the viewpoint shows the element. BCF-XML 2.0 takes an element without this mark for visible.
-    Tavrin::Boolean visible() const;
-    void setVisible(Tavrin::Boolean visible);
+    Tavrin::Boolean visible() const { return _visible; }
+    void setVisible(Tavrin::Boolean visible) { _visible = visible; }
 
     /// Whether the viewpoint marks the element as selected. BCF-XML 2.0 takes one without this mark for not
     /// selected.
-    Tavrin::Boolean selected() const;
-    void setSelected(Tavrin::Boolean selected);
+    Tavrin::Boolean selected() const { return _selected; }
+    void setSelected(Tavrin::Boolean selected) { _selected = selected; }
 
     /// The colour as the file's text, as a rule hexadecimal digits; nothing reads it as a colour.
-    QString color() const;
-    void setColor(const QString &color);
+    QString color() const { return _color; }
+    void setColor(const QString &color) { _color = color; }
 
 protected:
     /// For BCF_2_0_Lib::Viewpoint, which keeps the list.

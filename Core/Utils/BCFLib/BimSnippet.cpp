@@ -18,46 +18,6 @@ void BimSnippet::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString BimSnippet::snippetType() const
-{
-    return _snippetType;
-}
-
-void BimSnippet::setSnippetType(const QString &snippetType)
-{
-    _snippetType = snippetType;
-}
-
-bool BimSnippet::isExternal() const
-{
-    return _isExternal;
-}
-
-void BimSnippet::setIsExternal(bool isExternal)
-{
-    _isExternal = isExternal;
-}
-
-QString BimSnippet::reference() const
-{
-    return _reference;
-}
-
-void BimSnippet::setReference(const QString &reference)
-{
-    _reference = reference;
-}
-
-QString BimSnippet::referenceSchema() const
-{
-    return _referenceSchema;
-}
-
-void BimSnippet::setReferenceSchema(const QString &referenceSchema)
-{
-    _referenceSchema = referenceSchema;
-}
-
 QVariant BimSnippet::toQVariant() const
 {
     QVariantMap map;

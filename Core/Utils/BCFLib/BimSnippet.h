@@ -25,20 +25,20 @@ public:
     ~BimSnippet() override;
 
     /// Kind of snippet, free text.
-    QString snippetType() const;
-    void setSnippetType(const QString &snippetType);
+    QString snippetType() const { return _snippetType; }
+    void setSnippetType(const QString &snippetType) { _snippetType = snippetType; }
 
     /// Whether the snippet lies outside the archive; false until it is set otherwise.
-    bool isExternal() const;
-    void setIsExternal(bool isExternal);
+    bool isExternal() const { return _isExternal; }
+    void setIsExternal(bool isExternal) { _isExternal = isExternal; }
 
     /// Name, path or address of the snippet.
-    QString reference() const;
-    void setReference(const QString &reference);
+    QString reference() const { return _reference; }
+    void setReference(const QString &reference) { _reference = reference; }
 
     /// Schema that the snippet follows.
-    QString referenceSchema() const;
-    void setReferenceSchema(const QString &referenceSchema);
+    QString referenceSchema() const { return _referenceSchema; }
+    void setReferenceSchema(const QString &referenceSchema) { _referenceSchema = referenceSchema; }
 
     /// A map with the keys "snippet_type", "is_external", "reference" and "reference_schema".
     QVariant toQVariant() const;

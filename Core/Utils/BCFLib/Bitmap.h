@@ -32,28 +32,28 @@ public:
     ~Bitmap() override;
 
     /// Format of the image; a host sets it.
-    BitmapFormat bitmapFormat() const;
-    void setBitmapFormat(BitmapFormat bitmapFormat);
+    BitmapFormat bitmapFormat() const { return _bitmapFormat; }
+    void setBitmapFormat(BitmapFormat bitmapFormat) { _bitmapFormat = bitmapFormat; }
 
     /// Name of the image file. A bitmap without one is lost when its viewpoint is read again.
-    QString reference() const;
-    void setReference(const QString &reference);
+    QString reference() const { return _reference; }
+    void setReference(const QString &reference) { _reference = reference; }
 
     /// Centre of the bitmap.
-    osg::Vec3d location() const;
-    void setLocation(const osg::Vec3d &location);
+    osg::Vec3d location() const { return _location; }
+    void setLocation(const osg::Vec3d &location) { _location = location; }
 
     /// Normal of the bitmap's plane.
-    osg::Vec3d normal() const;
-    void setNormal(const osg::Vec3d &normal);
+    osg::Vec3d normal() const { return _normal; }
+    void setNormal(const osg::Vec3d &normal) { _normal = normal; }
 
     /// Direction that is up in the bitmap.
-    osg::Vec3d up() const;
-    void setUp(const osg::Vec3d &up);
+    osg::Vec3d up() const { return _up; }
+    void setUp(const osg::Vec3d &up) { _up = up; }
 
     /// Height of the bitmap in metres; a host sets it.
-    double height() const;
-    void setHeight(double height);
+    double height() const { return _height; }
+    void setHeight(double height) { _height = height; }
 
     /// The text that a viewpoint file carries: "PNG", "JPG", or "BMP" for every other value.
     QString bitmapFormatAsString() const;

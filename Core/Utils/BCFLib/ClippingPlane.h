@@ -24,12 +24,12 @@ public:
     ~ClippingPlane() override;
 
     /// A point of the plane.
-    osg::Vec3d location() const;
-    void setLocation(const osg::Vec3d &location);
+    osg::Vec3d location() const { return _location; }
+    void setLocation(const osg::Vec3d &location) { _location = location; }
 
     /// Normal of the plane; it points to the side that is cut away.
-    osg::Vec3d direction() const;
-    void setDirection(const osg::Vec3d &direction);
+    osg::Vec3d direction() const { return _direction; }
+    void setDirection(const osg::Vec3d &direction) { _direction = direction; }
 
 protected:
     /// For Viewpoint::addClippingPlane().

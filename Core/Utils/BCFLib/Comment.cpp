@@ -22,11 +22,6 @@ void Comment::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString Comment::guid() const
-{
-    return objectName();
-}
-
 void Comment::setGuid(const QString &guid)
 {
     Owners::aboutToRename(this, guid);
@@ -42,26 +37,6 @@ void Comment::setDate(const QDateTime &date)
 {
     _date = date;
     _isDateOfFile = false;
-}
-
-QString Comment::author() const
-{
-    return _author;
-}
-
-void Comment::setAuthor(const QString &author)
-{
-    _author = author;
-}
-
-QString Comment::comment() const
-{
-    return _comment;
-}
-
-void Comment::setComment(const QString &comment)
-{
-    _comment = comment;
 }
 
 Comment *Comment::replyToComment() const
@@ -83,16 +58,6 @@ void Comment::setModifiedDate(const QDateTime &modifiedDate)
 {
     _modifiedDate = modifiedDate;
     _isModifiedDateOfFile = false;
-}
-
-QString Comment::modifiedAuthor() const
-{
-    return _modifiedAuthor;
-}
-
-void Comment::setModifiedAuthor(const QString &modifiedAuthor)
-{
-    _modifiedAuthor = modifiedAuthor;
 }
 
 Topic *Comment::topic() const

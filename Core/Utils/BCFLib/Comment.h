@@ -54,7 +54,7 @@ public:
     virtual void fromQVariant(const QVariant &variant);
 
     /// The identifier, which is the object name.
-    QString guid() const;
+    QString guid() const { return objectName(); }
     void setGuid(const QString &guid);
 
     /// When it was written; invalid until it is set.
@@ -62,12 +62,12 @@ public:
     void setDate(const QDateTime &date);
 
     /// Who wrote it, as a rule an e-mail address.
-    QString author() const;
-    void setAuthor(const QString &author);
+    QString author() const { return _author; }
+    void setAuthor(const QString &author) { _author = author; }
 
     /// The text.
-    QString comment() const;
-    void setComment(const QString &comment);
+    QString comment() const { return _comment; }
+    void setComment(const QString &comment) { _comment = comment; }
 
     /// The comment that this one answers, or null.
     Comment *replyToComment() const;
@@ -78,8 +78,8 @@ public:
     void setModifiedDate(const QDateTime &modifiedDate);
 
     /// Who changed it last; empty means nobody.
-    QString modifiedAuthor() const;
-    void setModifiedAuthor(const QString &modifiedAuthor);
+    QString modifiedAuthor() const { return _modifiedAuthor; }
+    void setModifiedAuthor(const QString &modifiedAuthor) { _modifiedAuthor = modifiedAuthor; }
 
     /// The topic that it belongs to.
     Topic *topic() const;

@@ -32,20 +32,20 @@ public:
 
     /// The IfcGuid of the element, which is the object name: a UUID in the 22 characters in which IFC
     /// writes it. Any other text is kept as well.
-    QString guid() const;
-    void setGuid(const QString &guid);
+    QString guid() const { return objectName(); }
+    void setGuid(const QString &guid) { setObjectName(guid); }
 
     /// Name of the system that the element comes from.
-    QString originatingSystem() const;
-    void setOriginatingSystem(const QString &originatingSystem);
+    QString originatingSystem() const { return _originatingSystem; }
+    void setOriginatingSystem(const QString &originatingSystem) { _originatingSystem = originatingSystem; }
 
     /// Identifier of the element in that system.
-    QString authoringToolId() const;
-    void setAuthoringToolId(const QString &authoringToolId);
+    QString authoringToolId() const { return _authoringToolId; }
+    void setAuthoringToolId(const QString &authoringToolId) { _authoringToolId = authoringToolId; }
 
     /// IfcGuid of the project that the element belongs to.
-    QString ifcProjectId() const;
-    void setIfcProjectId(const QString &ifcProjectId);
+    QString ifcProjectId() const { return _ifcProjectId; }
+    void setIfcProjectId(const QString &ifcProjectId) { _ifcProjectId = ifcProjectId; }
 
     /// A map of what is not empty: "ifc_guid", "ifc_project", "originating_system", "authoring_tool_id".
     QVariant toQVariant() const;

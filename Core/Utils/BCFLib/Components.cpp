@@ -100,44 +100,14 @@ Components::~Components()
     std::for_each(_coloringComponents.cbegin(), _coloringComponents.cend(), release);
 }
 
-QList<Component *> Components::getSelectionComponents()
-{
-    return _selectionComponents;
-}
-
 void Components::setSelectionComponents(const QStringList &guids)
 {
     replace(_selectionComponents, mentionsOf(guids));
 }
 
-bool Components::getDefaultVisibility() const
-{
-    return _defaultVisibility;
-}
-
-void Components::setDefaultVisibility(bool defaultVisibility)
-{
-    _defaultVisibility = defaultVisibility;
-}
-
-QList<Component *> Components::getVisibilityExceptionComponents()
-{
-    return _visibilityExceptionComponents;
-}
-
 void Components::setVisibilityExceptionComponents(const QStringList &guids)
 {
     replace(_visibilityExceptionComponents, mentionsOf(guids));
-}
-
-ViewSetupHints Components::getViewSetupHints() const
-{
-    return _viewSetupHints;
-}
-
-void Components::setViewSetupHints(const ViewSetupHints &viewSetupHints)
-{
-    _viewSetupHints = viewSetupHints;
 }
 
 void Components::addColoringComponents(const QColor &color, const QStringList &guids)

@@ -38,22 +38,22 @@ public:
     ~Components() override;
 
     /// The elements that are selected, in file order.
-    QList<Component *> getSelectionComponents();
+    QList<Component *> getSelectionComponents() { return _selectionComponents; }
     /// Replaces the selection; guids are taken as they come, also empty and repeated ones.
     void setSelectionComponents(const QStringList &guids);
 
     /// Whether elements that are no exception are visible.
-    bool getDefaultVisibility() const;
-    void setDefaultVisibility(bool defaultVisibility);
+    bool getDefaultVisibility() const { return _defaultVisibility; }
+    void setDefaultVisibility(bool defaultVisibility) { _defaultVisibility = defaultVisibility; }
 
     /// The elements whose visibility is the opposite of the default.
-    QList<Component *> getVisibilityExceptionComponents();
+    QList<Component *> getVisibilityExceptionComponents() { return _visibilityExceptionComponents; }
     /// Replaces the exceptions; guids are taken as they come, also empty and repeated ones.
     void setVisibilityExceptionComponents(const QStringList &guids);
 
     /// What the viewpoint says about kinds of elements that many tools hide.
-    ViewSetupHints getViewSetupHints() const;
-    void setViewSetupHints(const ViewSetupHints &viewSetupHints);
+    ViewSetupHints getViewSetupHints() const { return _viewSetupHints; }
+    void setViewSetupHints(const ViewSetupHints &viewSetupHints) { _viewSetupHints = viewSetupHints; }
 
     /// Makes @p guids the group of @p color, replacing what the group held. Alpha does not count.
     void addColoringComponents(const QColor &color, const QStringList &guids);

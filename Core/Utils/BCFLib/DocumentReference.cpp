@@ -18,46 +18,6 @@ void DocumentReference::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString DocumentReference::guid() const
-{
-    return objectName();
-}
-
-void DocumentReference::setGuid(const QString &guid)
-{
-    setObjectName(guid);
-}
-
-bool DocumentReference::isExternal() const
-{
-    return _isExternal;
-}
-
-void DocumentReference::setIsExternal(bool isExternal)
-{
-    _isExternal = isExternal;
-}
-
-QString DocumentReference::referencedDocument() const
-{
-    return _referencedDocument;
-}
-
-void DocumentReference::setReferencedDocument(const QString &referencedDocument)
-{
-    _referencedDocument = referencedDocument;
-}
-
-QString DocumentReference::description() const
-{
-    return _description;
-}
-
-void DocumentReference::setDescription(const QString &description)
-{
-    _description = description;
-}
-
 QVariant DocumentReference::toQVariant() const
 {
     QVariantMap map;

@@ -24,20 +24,23 @@ public:
     ~DocumentReference() override;
 
     /// The identifier, which is the object name; it may be empty.
-    QString guid() const;
-    void setGuid(const QString &guid);
+    QString guid() const { return objectName(); }
+    void setGuid(const QString &guid) { setObjectName(guid); }
 
     /// Whether the document lies outside the archive; false until it is set otherwise.
-    bool isExternal() const;
-    void setIsExternal(bool isExternal);
+    bool isExternal() const { return _isExternal; }
+    void setIsExternal(bool isExternal) { _isExternal = isExternal; }
 
     /// Name, path or address of the document.
-    QString referencedDocument() const;
-    void setReferencedDocument(const QString &referencedDocument);
+    QString referencedDocument() const { return _referencedDocument; }
+    void setReferencedDocument(const QString &referencedDocument)
+    {
+        _referencedDocument = referencedDocument;
+    }
 
     /// Text for people.
-    QString description() const;
-    void setDescription(const QString &description);
+    QString description() const { return _description; }
+    void setDescription(const QString &description) { _description = description; }
 
     /// A map with "guid" and "is_external", and with "referenced_document" and "description" if they are
     /// not empty.

@@ -17,66 +17,6 @@ void File::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString File::ifcProject() const
-{
-    return _ifcProject;
-}
-
-void File::setIfcProject(const QString &ifcProject)
-{
-    _ifcProject = ifcProject;
-}
-
-QString File::ifcSpatialStructureElement() const
-{
-    return _ifcSpatialStructureElement;
-}
-
-void File::setIfcSpatialStructureElement(const QString &ifcSpatialStructureElement)
-{
-    _ifcSpatialStructureElement = ifcSpatialStructureElement;
-}
-
-bool File::isExternal() const
-{
-    return _isExternal;
-}
-
-void File::setIsExternal(bool isExternal)
-{
-    _isExternal = isExternal;
-}
-
-QString File::filename() const
-{
-    return _filename;
-}
-
-void File::setFilename(const QString &filename)
-{
-    _filename = filename;
-}
-
-QDateTime File::date() const
-{
-    return _date;
-}
-
-void File::setDate(const QDateTime &date)
-{
-    _date = date;
-}
-
-QString File::reference() const
-{
-    return _reference;
-}
-
-void File::setReference(const QString &reference)
-{
-    _reference = reference;
-}
-
 QVariant File::toQVariant() const
 {
     QVariantMap map;

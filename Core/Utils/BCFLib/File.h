@@ -33,28 +33,31 @@ public:
     ~File() override;
 
     /// IfcGuid of the IfcProject in that file.
-    QString ifcProject() const;
-    void setIfcProject(const QString &ifcProject);
+    QString ifcProject() const { return _ifcProject; }
+    void setIfcProject(const QString &ifcProject) { _ifcProject = ifcProject; }
 
     /// IfcGuid of an IfcSpatialStructureElement in that file, such as a building storey.
-    QString ifcSpatialStructureElement() const;
-    void setIfcSpatialStructureElement(const QString &ifcSpatialStructureElement);
+    QString ifcSpatialStructureElement() const { return _ifcSpatialStructureElement; }
+    void setIfcSpatialStructureElement(const QString &ifcSpatialStructureElement)
+    {
+        _ifcSpatialStructureElement = ifcSpatialStructureElement;
+    }
 
     /// Whether the file lies outside the archive; true until it is set otherwise.
-    bool isExternal() const;
-    void setIsExternal(bool isExternal);
+    bool isExternal() const { return _isExternal; }
+    void setIsExternal(bool isExternal) { _isExternal = isExternal; }
 
     /// See the class.
-    QString filename() const;
-    void setFilename(const QString &filename);
+    QString filename() const { return _filename; }
+    void setFilename(const QString &filename) { _filename = filename; }
 
     /// Date of the file, in the time zone of the text that it was read from; invalid means none.
-    QDateTime date() const;
-    void setDate(const QDateTime &date);
+    QDateTime date() const { return _date; }
+    void setDate(const QDateTime &date) { _date = date; }
 
     /// Free reference text, never interpreted.
-    QString reference() const;
-    void setReference(const QString &reference);
+    QString reference() const { return _reference; }
+    void setReference(const QString &reference) { _reference = reference; }
 
     /// A map with "is_external" and what else is not empty: "ifc_project",
     /// "ifc_spatial_structure_element", "file_name", "date" and "reference".

@@ -24,12 +24,12 @@ public:
     ~Line() override;
 
     /// One end of the line.
-    osg::Vec3d startPoint() const;
-    void setStartPoint(const osg::Vec3d &startPoint);
+    osg::Vec3d startPoint() const { return _startPoint; }
+    void setStartPoint(const osg::Vec3d &startPoint) { _startPoint = startPoint; }
 
     /// The other end.
-    osg::Vec3d endPoint() const;
-    void setEndPoint(const osg::Vec3d &endPoint);
+    osg::Vec3d endPoint() const { return _endPoint; }
+    void setEndPoint(const osg::Vec3d &endPoint) { _endPoint = endPoint; }
 
 protected:
     /// For Viewpoint::addLine().

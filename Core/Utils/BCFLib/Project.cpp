@@ -25,36 +25,6 @@ void Project::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString Project::guid() const
-{
-    return objectName();
-}
-
-void Project::setGuid(const QString &guid)
-{
-    setObjectName(guid);
-}
-
-QString Project::name() const
-{
-    return _name;
-}
-
-void Project::setName(const QString &name)
-{
-    _name = name;
-}
-
-QString Project::extensionSchema() const
-{
-    return _extensionSchema;
-}
-
-void Project::setExtensionSchema(const QString &extensionSchema)
-{
-    _extensionSchema = extensionSchema;
-}
-
 QVariant Project::toQVariant() const
 {
     QVariantMap map;

@@ -26,17 +26,17 @@ public:
     ~Project() override;
 
     /// The project's identifier, which is the object name.
-    QString guid() const;
-    void setGuid(const QString &guid);
+    QString guid() const { return objectName(); }
+    void setGuid(const QString &guid) { setObjectName(guid); }
 
     /// The name of the project as people know it.
-    QString name() const;
-    void setName(const QString &name);
+    QString name() const { return _name; }
+    void setName(const QString &name) { _name = name; }
 
     /// Name of the schema that lists the project's own types and statuses. The schema itself is
     /// neither opened nor checked.
-    QString extensionSchema() const;
-    void setExtensionSchema(const QString &extensionSchema);
+    QString extensionSchema() const { return _extensionSchema; }
+    void setExtensionSchema(const QString &extensionSchema) { _extensionSchema = extensionSchema; }
 
     /// The project as a map with the keys "project_id", "name" and "extension_schema".
     QVariant toQVariant() const;

@@ -19,19 +19,4 @@ void RelatedTopic::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString RelatedTopic::guid() const
-{
-    return _guid;
-}
-
-void RelatedTopic::setGuid(const QString &guid)
-{
-    _guid = guid;
-}
-
-QVariant RelatedTopic::toQVariant() const
-{
-    return _guid;
-}
-
 } // namespace BCFLib

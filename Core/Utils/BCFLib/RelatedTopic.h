@@ -21,11 +21,11 @@ public:
     ~RelatedTopic() override;
 
     /// Guid of the topic that the link leads to. It is a field; the object name stays empty.
-    QString guid() const;
-    void setGuid(const QString &guid);
+    QString guid() const { return _guid; }
+    void setGuid(const QString &guid) { _guid = guid; }
 
     /// The bare guid text, not a map.
-    QVariant toQVariant() const;
+    QVariant toQVariant() const { return _guid; }
 
 protected:
     /// For Topic::addRelatedTopic() and the reader.

@@ -63,95 +63,10 @@ QString Topic::guidOrNew(const QString &guid)
     return guid.isEmpty() ? Tavrin::NewId() : guid;
 }
 
-QString Topic::guid() const
-{
-    return objectName();
-}
-
 void Topic::setGuid(const QString &guid)
 {
     Owners::aboutToRename(this, guid);
     setObjectName(guid);
-}
-
-QString Topic::topicType() const
-{
-    return _topicType;
-}
-
-void Topic::setTopicType(const QString &topicType)
-{
-    _topicType = topicType;
-}
-
-QString Topic::topicStatus() const
-{
-    return _topicStatus;
-}
-
-void Topic::setTopicStatus(const QString &topicStatus)
-{
-    _topicStatus = topicStatus;
-}
-
-QString Topic::title() const
-{
-    return _title;
-}
-
-void Topic::setTitle(const QString &title)
-{
-    _title = title;
-}
-
-QString Topic::referenceLink() const
-{
-    return _referenceLink;
-}
-
-void Topic::setReferenceLink(const QString &referenceLink)
-{
-    _referenceLink = referenceLink;
-}
-
-QString Topic::description() const
-{
-    return _description;
-}
-
-void Topic::setDescription(const QString &description)
-{
-    _description = description;
-}
-
-QString Topic::priority() const
-{
-    return _priority;
-}
-
-void Topic::setPriority(const QString &priority)
-{
-    _priority = priority;
-}
-
-int Topic::index() const
-{
-    return _index;
-}
-
-void Topic::setIndex(int index)
-{
-    _index = index;
-}
-
-QStringList Topic::labels() const
-{
-    return _labels;
-}
-
-void Topic::setLabels(const QStringList &labels)
-{
-    _labels = labels;
 }
 
 QDateTime Topic::creationDate() const
@@ -165,16 +80,6 @@ void Topic::setCreationDate(const QDateTime &creationDate)
     _isCreationDateOfFile = false;
 }
 
-QString Topic::creationAuthor() const
-{
-    return _creationAuthor;
-}
-
-void Topic::setCreationAuthor(const QString &creationAuthor)
-{
-    _creationAuthor = creationAuthor;
-}
-
 QDateTime Topic::modifiedDate() const
 {
     return _isModifiedDateOfFile ? _modifiedDate.toLocalTime() : _modifiedDate;
@@ -184,26 +89,6 @@ void Topic::setModifiedDate(const QDateTime &modifiedDate)
 {
     _modifiedDate = modifiedDate;
     _isModifiedDateOfFile = false;
-}
-
-QString Topic::modifiedAuthor() const
-{
-    return _modifiedAuthor;
-}
-
-void Topic::setModifiedAuthor(const QString &modifiedAuthor)
-{
-    _modifiedAuthor = modifiedAuthor;
-}
-
-QString Topic::assignedTo() const
-{
-    return _assignedTo;
-}
-
-void Topic::setAssignedTo(const QString &assignedTo)
-{
-    _assignedTo = assignedTo;
 }
 
 QList<Comment *> Topic::comments() const

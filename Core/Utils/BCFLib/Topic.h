@@ -70,60 +70,60 @@ public:
 
     /// The identifier of the topic, which is the object name and, where it can be, the folder's name in a
     /// saved archive.
-    QString guid() const;
+    QString guid() const { return objectName(); }
     void setGuid(const QString &guid);
 
     /// Kind of issue, free text.
-    QString topicType() const;
-    void setTopicType(const QString &topicType);
+    QString topicType() const { return _topicType; }
+    void setTopicType(const QString &topicType) { _topicType = topicType; }
 
     /// State of the issue, free text.
-    QString topicStatus() const;
-    void setTopicStatus(const QString &topicStatus);
+    QString topicStatus() const { return _topicStatus; }
+    void setTopicStatus(const QString &topicStatus) { _topicStatus = topicStatus; }
 
     /// One line that says what the issue is; a topic without is not usable.
-    QString title() const;
-    void setTitle(const QString &title);
+    QString title() const { return _title; }
+    void setTitle(const QString &title) { _title = title; }
 
     /// Link to an outside reference.
-    QString referenceLink() const;
-    void setReferenceLink(const QString &referenceLink);
+    QString referenceLink() const { return _referenceLink; }
+    void setReferenceLink(const QString &referenceLink) { _referenceLink = referenceLink; }
 
     /// The issue at length.
-    QString description() const;
-    void setDescription(const QString &description);
+    QString description() const { return _description; }
+    void setDescription(const QString &description) { _description = description; }
 
     /// Urgency as free text, not a number.
-    QString priority() const;
-    void setPriority(const QString &priority);
+    QString priority() const { return _priority; }
+    void setPriority(const QString &priority) { _priority = priority; }
 
     /// Position in a host's own numbering; -1 means that there is none. Nothing keeps it unique.
-    int index() const;
-    void setIndex(int index);
+    int index() const { return _index; }
+    void setIndex(int index) { _index = index; }
 
     /// Labels in file order, duplicates kept.
-    QStringList labels() const;
-    void setLabels(const QStringList &labels);
+    QStringList labels() const { return _labels; }
+    void setLabels(const QStringList &labels) { _labels = labels; }
 
     /// When the issue was made; local time after a load.
     QDateTime creationDate() const;
     void setCreationDate(const QDateTime &creationDate);
 
     /// Who made the issue, as a rule an e-mail address; a topic without is not usable.
-    QString creationAuthor() const;
-    void setCreationAuthor(const QString &creationAuthor);
+    QString creationAuthor() const { return _creationAuthor; }
+    void setCreationAuthor(const QString &creationAuthor) { _creationAuthor = creationAuthor; }
 
     /// Last change; invalid means none.
     QDateTime modifiedDate() const;
     void setModifiedDate(const QDateTime &modifiedDate);
 
     /// Who changed it last; empty means nobody.
-    QString modifiedAuthor() const;
-    void setModifiedAuthor(const QString &modifiedAuthor);
+    QString modifiedAuthor() const { return _modifiedAuthor; }
+    void setModifiedAuthor(const QString &modifiedAuthor) { _modifiedAuthor = modifiedAuthor; }
 
     /// Who is to deal with the issue.
-    QString assignedTo() const;
-    void setAssignedTo(const QString &assignedTo);
+    QString assignedTo() const { return _assignedTo; }
+    void setAssignedTo(const QString &assignedTo) { _assignedTo = assignedTo; }
 
     /// The comments, answers among them, in the order in which they came under the topic.
     QList<Comment *> comments() const;

@@ -24,26 +24,6 @@ void Version::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString Version::versionId() const
-{
-    return _versionId;
-}
-
-void Version::setVersionId(const QString &versionId)
-{
-    _versionId = versionId;
-}
-
-QString Version::detailedVersion() const
-{
-    return _detailedVersion;
-}
-
-void Version::setDetailedVersion(const QString &detailedVersion)
-{
-    _detailedVersion = detailedVersion;
-}
-
 bool Version::isValid() const
 {
     return _versionId == BCFModel::currentBCFVersion() || BCFModel::isBCF_2_0(_versionId);

@@ -24,12 +24,12 @@ public:
     ~Version() override;
 
     /// The version text, such as "2.1"; compared as text everywhere, never as a number.
-    QString versionId() const;
-    void setVersionId(const QString &versionId);
+    QString versionId() const { return _versionId; }
+    void setVersionId(const QString &versionId) { _versionId = versionId; }
 
     /// Free text beside the version; nothing tests it.
-    QString detailedVersion() const;
-    void setDetailedVersion(const QString &detailedVersion);
+    QString detailedVersion() const { return _detailedVersion; }
+    void setDetailedVersion(const QString &detailedVersion) { _detailedVersion = detailedVersion; }
 
     /// Whether the version is one that a model can be of: exactly "2.1" or exactly "2.0".
     bool isValid() const;

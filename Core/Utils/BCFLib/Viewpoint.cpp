@@ -35,45 +35,10 @@ void Viewpoint::childEvent(QChildEvent *event)
     Owners::childEvent(this, event);
 }
 
-QString Viewpoint::guid() const
-{
-    return objectName();
-}
-
 void Viewpoint::setGuid(const QString &guid)
 {
     Owners::aboutToRename(this, guid);
     setObjectName(guid);
-}
-
-QString Viewpoint::viewpointFilename() const
-{
-    return _viewpointFilename;
-}
-
-void Viewpoint::setViewpointFilename(const QString &viewpointFilename)
-{
-    _viewpointFilename = viewpointFilename;
-}
-
-QString Viewpoint::snapshotFilename() const
-{
-    return _snapshotFilename;
-}
-
-void Viewpoint::setSnapshotFilename(const QString &snapshotFilename)
-{
-    _snapshotFilename = snapshotFilename;
-}
-
-int Viewpoint::whichCameraIsSet() const
-{
-    return _whichCameraIsSet;
-}
-
-OrthogonalCamera Viewpoint::orthogonalCamera() const
-{
-    return _orthogonalCamera;
 }
 
 void Viewpoint::setOrthogonalCamera(const OrthogonalCamera &camera)
@@ -84,11 +49,6 @@ void Viewpoint::setOrthogonalCamera(const OrthogonalCamera &camera)
     } else {
         _whichCameraIsSet &= ~orthogonalBit;
     }
-}
-
-PerspectiveCamera Viewpoint::perspectiveCamera() const
-{
-    return _perspectiveCamera;
 }
 
 void Viewpoint::setPerspectiveCamera(const PerspectiveCamera &camera)

@@ -58,27 +58,27 @@ public:
     virtual void componentsFromQVariant(const QMap<QString, QVariant> &map);
 
     /// The identifier, which is the object name. An image stored under an earlier guid stays there.
-    QString guid() const;
+    QString guid() const { return objectName(); }
     void setGuid(const QString &guid);
 
     /// Name of the viewpoint file; a viewpoint without one is not saved as a file.
-    QString viewpointFilename() const;
-    void setViewpointFilename(const QString &viewpointFilename);
+    QString viewpointFilename() const { return _viewpointFilename; }
+    void setViewpointFilename(const QString &viewpointFilename) { _viewpointFilename = viewpointFilename; }
 
     /// Name of the image file; an image without a name is not saved.
-    QString snapshotFilename() const;
-    void setSnapshotFilename(const QString &snapshotFilename);
+    QString snapshotFilename() const { return _snapshotFilename; }
+    void setSnapshotFilename(const QString &snapshotFilename) { _snapshotFilename = snapshotFilename; }
 
     /// Bit mask of the cameras that count: 1 is the perspective, 2 the orthogonal camera.
-    int whichCameraIsSet() const;
+    int whichCameraIsSet() const { return _whichCameraIsSet; }
 
     /// A copy of the camera, whether it counts or not.
-    OrthogonalCamera orthogonalCamera() const;
+    OrthogonalCamera orthogonalCamera() const { return _orthogonalCamera; }
     /// Stores the camera. It counts unless its scale is 0.
     void setOrthogonalCamera(const OrthogonalCamera &camera);
 
     /// A copy of the camera, whether it counts or not.
-    PerspectiveCamera perspectiveCamera() const;
+    PerspectiveCamera perspectiveCamera() const { return _perspectiveCamera; }
     /// Stores the camera, which counts from then on.
     void setPerspectiveCamera(const PerspectiveCamera &camera);
 

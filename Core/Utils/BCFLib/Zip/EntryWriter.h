@@ -21,8 +21,8 @@ constexpr QFileDevice::Permissions noPermissions;
 constexpr QFileDevice::Permissions readPermissions =
     QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 
-/// Deflates what @p writeTo writes. False if the entry can't be opened, written or closed, or if who writes it
-/// closes it.
+/// Deflates what @p writeTo writes. False if the entry can't be opened, written or closed, or if who writes
+/// it closes it.
 bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
            const std::function<bool(QIODevice *)> &writeTo,
            QFileDevice::Permissions permissions = readPermissions);
