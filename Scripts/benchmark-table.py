@@ -44,12 +44,12 @@ def load_save_lines(runs):
 
 
 def editing_lines(runs):
-    row = "{:<30}{:<13}{:>12}{:>9}{:>9}{:>9}{:>9}"
-    yield row.format("tree", "", "first find", "add", "find", "miss", "remove")
+    row = "{:<30}{:>12}{:>9}{:>9}{:>9}{:>9}"
+    yield row.format("family", "first find", "add", "find", "miss", "remove")
     yield ""
-    for run in sorted(runs, key=lambda run: run["name"].split("/")[::2]):
-        tree, size, figure = run["name"].split("/")[:3]
-        yield row.format(f"{int(size):,} {tree}", figure,
+    for run in sorted(runs, key=lambda run: run["name"].split("/")[0]):
+        family, size = run["name"].split("/")[:2]
+        yield row.format(f"{int(size):,} {family}",
                          *(duration(run[key]) for key in ("first", "add", "find", "miss", "remove")))
 
 
