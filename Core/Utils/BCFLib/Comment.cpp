@@ -10,6 +10,7 @@ Comment::Comment(const QString &guid, QObject *parent)
     : QObject(parent)
 {
     setObjectName(guid);
+    Owners::hasBeenMade(this);
 }
 
 Comment::~Comment()

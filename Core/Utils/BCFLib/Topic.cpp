@@ -40,6 +40,7 @@ Topic::Topic(QString title, QString creationAuthor, QDateTime creationDate, cons
     , _creationAuthor(std::move(creationAuthor))
 {
     setObjectName(guidOrNew(guid));
+    Owners::hasBeenMade(this);
 }
 
 Topic::Topic(const QVariant &variant, QObject *parent)

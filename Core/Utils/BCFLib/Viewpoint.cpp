@@ -23,6 +23,7 @@ Viewpoint::Viewpoint(const QString &guid, Topic *topic)
     setObjectName(guid);
     setDefaultCameraParameters();
     new Components(this);
+    Owners::hasBeenMade(this);
 }
 
 Viewpoint::~Viewpoint()

@@ -61,6 +61,13 @@ void Owners::childEvent(const QObject *parent, const QChildEvent *event)
     }
 }
 
+void Owners::hasBeenMade(QObject *child)
+{
+    for (const QObject *object = child->parent(); object != nullptr; object = object->parent()) {
+        withIndexesOf(object, [child](GuidIndex *index) { index->hasBeenMade(child); });
+    }
+}
+
 void Owners::aboutToRename(const QObject *child, const QString &guid)
 {
     withIndexesOf(child->parent(), [&](GuidIndex *index) { index->aboutToRename(child, guid); });

@@ -10,8 +10,8 @@ namespace BCFLib {
 
 namespace {
 
-/// When newcomers are looked at together.
-constexpr std::size_t manyNewcomers = 64;
+/// How many objects that may be a host's are looked at together.
+constexpr std::size_t manyOthers = 64;
 
 /// Whether an object is a mere QObject, as all are when their parent hears of them, and again at their end.
 bool isBare(const QObject *object)
@@ -20,7 +20,7 @@ bool isBare(const QObject *object)
 }
 
 /// Whether an object may still be in its constructor: its parent lists it, and event filters hear of it,
-/// before the index does. It has no guid yet.
+/// before the index does.
 bool isBeingMade(const QObject *object)
 {
     return object != nullptr && isBare(object) && object->children().isEmpty();
@@ -59,26 +59,28 @@ GuidIndex::GuidIndex(const QObject *owner, const QMetaObject *type)
 void GuidIndex::childEvent(const QChildEvent *event)
 {
     QObject *child = event->child();
-    if (event->added()) {
-        if (child->parent() == _owner) {
-            ++_childCount;
-            _lastChild = child;
-        }
-        if (!isBare(child)) {
-            takeInTree(child);
-            return;
-        }
-        if (_newcomers.size() >= manyNewcomers) {
-            takeInNewcomers();
-        }
-        _newcomers.emplace_back(++_lastNumber, child);
+    if (!event->added()) {
+        --_childCount;
+        _lastChild = pointerTo(_owner->children().value(_childCount - 1));
+        forget(child);
         return;
     }
-    --_childCount;
-    _lastChild = pointerTo(_owner->children().value(_childCount - 1));
-    forget(child);
-    const auto isChild = [child](const auto &newcomer) { return newcomer.second == child; };
-    _newcomers.erase(std::remove_if(_newcomers.begin(), _newcomers.end(), isChild), _newcomers.end());
+    if (child->parent() == _owner) {
+        ++_childCount;
+        _lastChild = child;
+    }
+    if (isBare(child)) {
+        addOther(child);
+    } else {
+        takeInTree(child);
+    }
+}
+
+void GuidIndex::hasBeenMade(QObject *object)
+{
+    takeIn(object);
+    // An event filter or a host's class has added more on the way.
+    _isWrong |= object->parent() == _owner && _owner->children().last() != object;
 }
 
 void GuidIndex::aboutToRename(const QObject *child, const QString &guid)
@@ -114,7 +116,6 @@ bool GuidIndex::update(const QObject *owner, const QMetaObject *type, std::uniqu
     if (*index == nullptr || !(*index)->isComplete()) {
         *index = std::make_unique<GuidIndex>(owner, type);
     }
-    (*index)->takeInNewcomers();
     return true;
 }
 
@@ -131,27 +132,15 @@ bool GuidIndex::isComplete() const
         && (_lastChild != nullptr ? last == _lastChild : last == nullptr || isBare(last));
 }
 
-void GuidIndex::takeInNewcomers()
-{
-    for (const auto &newcomer : std::exchange(_newcomers, {})) {
-        QObject *object = newcomer.second;
-        if (isBeingMade(object)) {
-            _newcomers.push_back(newcomer);
-        } else if (object != nullptr) {
-            takeIn(object, newcomer.first);
-        }
-    }
-    // So many objects at a time are not being made: something else keeps their class from showing.
-    if (_newcomers.size() >= manyNewcomers) {
-        _newcomers.clear();
-        _isDeeper = true;
-    }
-}
-
 /// Takes in an object with all that stands below it.
 void GuidIndex::takeInTree(QObject *object)
 {
-    takeIn(object, ++_lastNumber);
+    // A bare object can't be watched, as it may be at its end.
+    _isDeeper |= isBare(object);
+    if (!isBare(object) && !isOwnClass(object)) {
+        addOther(object);
+    }
+    takeIn(object);
     for (QObject *child : object->children()) {
         if (child != nullptr) {
             takeInTree(child);
@@ -159,20 +148,18 @@ void GuidIndex::takeInTree(QObject *object)
     }
 }
 
-void GuidIndex::takeIn(QObject *object, quint64 number)
+void GuidIndex::takeIn(QObject *object)
 {
-    const bool isWanted = _type->cast(object) != nullptr;
-    if (!isBare(object) && !isOwnClass(object)) {
-        _strangers.emplace_back(object);
+    if (_type->cast(object) == nullptr) {
+        return;
     }
-    if (!isWanted || object->parent() != _owner) {
-        // A bare object can't be watched, as it may be at its end.
-        _isDeeper |= isWanted || isBare(object);
+    if (object->parent() != _owner) {
+        _isDeeper = true;
         return;
     }
     forget(object);
     const QString guid = object->objectName();
-    const Key key(endOf(guid), guid, number);
+    const Key key(endOf(guid), guid, ++_lastNumber);
     _children.emplace(key, object);
     _keys.emplace(object, key);
     // Direct, as the listener stays in the thread that made it when a host moves the tree to another.
@@ -181,22 +168,31 @@ void GuidIndex::takeIn(QObject *object, quint64 number)
         [this, object](const QString &guid) { aboutToRename(object, guid); }, Qt::DirectConnection);
 }
 
+void GuidIndex::addOther(QObject *object)
+{
+    if (_others.size() == _others.capacity()) {
+        forgetOwnClasses();
+        _others.reserve(2 * _others.size() + manyOthers);
+    }
+    _others.emplace_back(object);
+}
+
+void GuidIndex::forgetOwnClasses()
+{
+    const auto isNoHosts = [](const QObject *object) { return object == nullptr || isOwnClass(object); };
+    _others.erase(std::remove_if(_others.begin(), _others.end(), isNoHosts), _others.end());
+}
+
 /// Whether an object of the class may stand further below.
 bool GuidIndex::mayBeDeeper()
 {
-    const auto holdsWanted = [this](const QObject *object) {
+    const auto isWanted = [this](const QObject *object) { return _type->cast(object) != nullptr; };
+    const auto holdsWanted = [&isWanted](const QObject *object) {
         const QObjectList all = Search::all<QObject>(object);
-        return std::any_of(all.begin(), all.end(),
-                           [this](const QObject *child) { return _type->cast(child); });
+        return std::any_of(all.begin(), all.end(), isWanted);
     };
-    for (std::size_t i = 0; i < _strangers.size() && !_isDeeper;) {
-        if (_strangers[i] == nullptr) {
-            _strangers[i] = _strangers.back();
-            _strangers.pop_back();
-        } else {
-            _isDeeper = holdsWanted(_strangers[i++]);
-        }
-    }
+    forgetOwnClasses();
+    _isDeeper = _isDeeper || std::any_of(_others.begin(), _others.end(), holdsWanted);
     return _isDeeper;
 }
 

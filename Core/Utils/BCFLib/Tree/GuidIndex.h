@@ -63,6 +63,8 @@ public:
 
     /// To be called with each child event of the owner and of the objects below it.
     void childEvent(const QChildEvent *event);
+    /// To be called when an object below the owner has been made, with its class and guid.
+    void hasBeenMade(QObject *object);
     /// To be called before a child takes on a guid.
     void aboutToRename(const QObject *child, const QString &guid);
     /// To be called when a child is destroyed, while it still has its class.
@@ -78,9 +80,10 @@ private:
 
     static bool update(const QObject *owner, const QMetaObject *type, std::unique_ptr<GuidIndex> *index);
     bool isComplete() const;
-    void takeInNewcomers();
     void takeInTree(QObject *object);
-    void takeIn(QObject *object, quint64 number);
+    void takeIn(QObject *object);
+    void addOther(QObject *object);
+    void forgetOwnClasses();
     bool mayBeDeeper();
     QObject *firstOf(const QString &guid);
 
@@ -90,14 +93,13 @@ private:
     std::pmr::unsynchronized_pool_resource _memory;
     std::pmr::map<Key, QPointer<QObject>> _children{&_memory};
     std::pmr::unordered_map<const QObject *, Key> _keys{&_memory};
-    /// Objects that had neither class nor name yet when they were reported, with their numbers.
-    std::vector<std::pair<quint64, QPointer<QObject>>> _newcomers;
     quint64 _lastNumber = 0;
     /// How many children the owner has reported, and the last of them.
     int _childCount = 0;
     QPointer<QObject> _lastChild;
-    /// Objects of a host's own classes, which may not report what comes below them.
-    std::vector<QPointer<QObject>> _strangers;
+    /// Objects that may be of a host's own classes, which may not report what comes below them: when an
+    /// object is reported it has no class yet.
+    std::vector<QPointer<QObject>> _others;
     /// Whether an object of the class stands further below, or can't be ruled out there.
     bool _isDeeper = false;
     /// Whether a search has met a child that is not as was reported.

@@ -16,6 +16,8 @@ struct Owners
 {
     /// To be called with each child event of @p parent.
     static void childEvent(const QObject *parent, const QChildEvent *event);
+    /// To be called at the end of the constructor of @p child.
+    static void hasBeenMade(QObject *child);
     /// To be called before @p child takes on a guid.
     static void aboutToRename(const QObject *child, const QString &guid);
     /// To be called as @p child is destroyed.
