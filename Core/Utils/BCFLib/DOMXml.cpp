@@ -1,7 +1,9 @@
 #include "DOMXml.h"
 
+#include "Xml/Elements.h"
 #include "Xml/Text.h"
 
+#include <Core/Utils/Utility/Vec3dVariant.h>
 #include <QDomDocument>
 
 namespace Tavrin {
@@ -13,9 +15,7 @@ int DOMXml::numberPrecision()
 
 void DOMXml::AddNumberElement(QDomDocument &document, QDomElement &parent, const QString &name, double value)
 {
-    QDomElement element = document.createElement(name);
-    parent.appendChild(element);
-    element.appendChild(document.createTextNode(QString::number(value, 'e', numberPrecision())));
+    BCFLib::Xml::appendText(document, parent, name, QString::number(value, 'e', numberPrecision()));
 }
 
 QDomElement DOMXml::createTextElement(QDomDocument &document, const QString &name, const QString &text)
@@ -45,10 +45,7 @@ QDomElement DOMXml::createPointElement(QDomDocument &document, const QString &na
 QDomElement DOMXml::createPointElement(QDomDocument &document, const QString &name,
                                        const QMap<QString, QVariant> &point)
 {
-    return createPointElement(document, name,
-                              osg::Vec3d(point.value(QStringLiteral("x")).toDouble(),
-                                         point.value(QStringLiteral("y")).toDouble(),
-                                         point.value(QStringLiteral("z")).toDouble()));
+    return createPointElement(document, name, Vec3dFromQVariant(point));
 }
 
 } // namespace Tavrin
