@@ -16,6 +16,9 @@ constexpr qint64 xmlBytes = 256LL * 1024 * 1024;
 /// 200 bytes for each. A viewpoint of 308,000 elements has two million.
 constexpr qint64 xmlNodes = 10LL * 1000 * 1000;
 
+/// Bytes of one tag, comment or instruction, which the parser holds until it is complete.
+constexpr qint64 xmlMarkupBytes = 1024 * 1024;
+
 /// Attributes of one element. The format has at most six; names can be chosen such that the document takes
 /// quadratic time over them.
 constexpr qint64 xmlAttributes = 256;

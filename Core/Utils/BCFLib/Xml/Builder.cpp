@@ -108,7 +108,9 @@ bool Builder::parse(std::string_view text, bool isLast)
         throw std::bad_alloc();
     }
     _hasEnded = status != XML_STATUS_OK && isUnreadableAfterRoot();
-    return _hasEnded || (status == XML_STATUS_OK && !_isRefused && (isLast || !holdsTooManyAttributes(text)));
+    _bytes += static_cast<qint64>(text.size());
+    const bool isTooLong = _bytes - XML_GetCurrentByteIndex(parser) > Limits::xmlMarkupBytes;
+    return _hasEnded || (status == XML_STATUS_OK && !_isRefused && !isTooLong);
 }
 
 /// Whether parsing failed at U+FFFD after the root: a character that the decoder has replaced, such as the
@@ -126,42 +128,6 @@ bool Builder::isUnreadableAfterRoot() const
     const bool followsMarkup =
         std::string_view("> \t\n\r").find(context[offset - 1]) != std::string_view::npos;
     return followsMarkup && place.substr(0, 3) == "\xEF\xBF\xBD";
-}
-
-/// Whether the tag at the end of what was parsed holds too many attributes.
-///
-/// The parser reports a tag once it is complete, and keeps it in memory until then.
-bool Builder::holdsTooManyAttributes(std::string_view text)
-{
-    const qint64 size = static_cast<qint64>(text.size());
-    _bytes += size;
-    const qint64 unfinished = _bytes - XML_GetCurrentByteIndex(_parser.get());
-    int offset = 0;
-    int contextSize = 0;
-    const char *context = XML_GetInputContext(_parser.get(), &offset, &contextSize);
-    std::size_t begin = 0;
-    // There is none just after the parser got a larger buffer, which it needs only for a tag that goes on.
-    if (context != nullptr) {
-        _isInTag = offset + 1 < contextSize && context[offset] == '<' && context[offset + 1] != '!'
-            && context[offset + 1] != '?';
-        if (!_isInTag || unfinished <= size) {
-            _values = 0;
-            _openQuote = '\0';
-        }
-        begin = static_cast<std::size_t>(size - qMin(unfinished, size));
-    }
-    if (!_isInTag) {
-        return false;
-    }
-    for (const char c : text.substr(begin)) {
-        if (_openQuote == '\0' && (c == '"' || c == '\'')) {
-            _openQuote = c;
-            ++_values;
-        } else if (c == _openQuote) {
-            _openQuote = '\0';
-        }
-    }
-    return _values > Limits::xmlAttributes;
 }
 
 template<class Work>

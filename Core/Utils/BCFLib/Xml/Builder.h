@@ -42,7 +42,6 @@ private:
     void refuse();
     bool isRefused();
     bool isUnreadableAfterRoot() const;
-    bool holdsTooManyAttributes(std::string_view text);
 
     void append(const QDomNode &node);
     void flushText();
@@ -60,11 +59,6 @@ private:
     ElementRun _run;
     NodeCount _count;
     qint64 _bytes = 0;
-    /// Whether a tag has not ended yet, and the values in it so far.
-    bool _isInTag = false;
-    qint64 _values = 0;
-    /// What the value that has not ended yet began with; NUL between values.
-    char _openQuote = '\0';
     bool _isRefused = false;
     bool _hasEnded = false;
     std::exception_ptr _exception;
