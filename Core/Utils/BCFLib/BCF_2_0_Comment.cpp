@@ -7,6 +7,4 @@ Comment::Comment(const QString &guid, QObject *parent)
 {
 }
 
-Comment::~Comment() = default;
-
 } // namespace BCF_2_0_Lib

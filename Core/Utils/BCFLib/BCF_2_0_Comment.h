@@ -15,8 +15,6 @@ class BCFLIB_EXPORT Comment : public BCFLib::Comment
 public:
     /// A comment with that guid, taken as it comes, and without a date.
     Comment(const QString &guid, QObject *parent);
-    ~Comment() override;
-
     /// The map of the base class, with "status" and, if it is not empty, "verbal_status".
     QVariant toQVariant() const override;
     void fromQVariant(const QVariant &variant) override;

@@ -11,8 +11,6 @@ BimSnippet::BimSnippet(QObject *parent)
 {
 }
 
-BimSnippet::~BimSnippet() = default;
-
 void BimSnippet::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

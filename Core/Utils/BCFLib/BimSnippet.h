@@ -22,8 +22,6 @@ class BCFLIB_EXPORT BimSnippet : public QObject
     Q_PROPERTY(QString _referenceSchema READ referenceSchema WRITE setReferenceSchema)
 
 public:
-    ~BimSnippet() override;
-
     /// Kind of snippet, free text.
     QString snippetType() const { return _snippetType; }
     void setSnippetType(const QString &snippetType) { _snippetType = snippetType; }

@@ -9,8 +9,6 @@ Bitmap::Bitmap(QObject *parent)
 {
 }
 
-Bitmap::~Bitmap() = default;
-
 void Bitmap::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

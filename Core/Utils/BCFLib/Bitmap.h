@@ -29,8 +29,6 @@ class BCFLIB_EXPORT Bitmap : public QObject
     Q_PROPERTY(double _height READ height WRITE setHeight)
 
 public:
-    ~Bitmap() override;
-
     /// Format of the image; a host sets it.
     BitmapFormat bitmapFormat() const { return _bitmapFormat; }
     void setBitmapFormat(BitmapFormat bitmapFormat) { _bitmapFormat = bitmapFormat; }

@@ -9,8 +9,6 @@ ClippingPlane::ClippingPlane(QObject *parent)
 {
 }
 
-ClippingPlane::~ClippingPlane() = default;
-
 void ClippingPlane::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

@@ -21,8 +21,6 @@ class BCFLIB_EXPORT ClippingPlane : public QObject
     Q_PROPERTY(osg::Vec3d _direction READ direction WRITE setDirection)
 
 public:
-    ~ClippingPlane() override;
-
     /// A point of the plane.
     osg::Vec3d location() const { return _location; }
     void setLocation(const osg::Vec3d &location) { _location = location; }

@@ -11,8 +11,6 @@ DocumentReference::DocumentReference(const QString &guid, QObject *parent)
     setObjectName(guid);
 }
 
-DocumentReference::~DocumentReference() = default;
-
 void DocumentReference::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

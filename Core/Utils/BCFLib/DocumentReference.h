@@ -21,8 +21,6 @@ class BCFLIB_EXPORT DocumentReference : public QObject
     Q_PROPERTY(QString _description READ description WRITE setDescription)
 
 public:
-    ~DocumentReference() override;
-
     /// The identifier, which is the object name; it may be empty.
     QString guid() const { return objectName(); }
     void setGuid(const QString &guid) { setObjectName(guid); }

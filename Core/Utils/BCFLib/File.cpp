@@ -10,8 +10,6 @@ File::File(QObject *parent)
 {
 }
 
-File::~File() = default;
-
 void File::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

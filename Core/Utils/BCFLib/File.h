@@ -30,8 +30,6 @@ class BCFLIB_EXPORT File : public QObject
     Q_PROPERTY(QString _reference READ reference WRITE setReference)
 
 public:
-    ~File() override;
-
     /// IfcGuid of the IfcProject in that file.
     QString ifcProject() const { return _ifcProject; }
     void setIfcProject(const QString &ifcProject) { _ifcProject = ifcProject; }

@@ -9,8 +9,6 @@ Line::Line(QObject *parent)
 {
 }
 
-Line::~Line() = default;
-
 void Line::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

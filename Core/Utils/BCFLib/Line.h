@@ -21,8 +21,6 @@ class BCFLIB_EXPORT Line : public QObject
     Q_PROPERTY(osg::Vec3d _endPoint READ endPoint WRITE setEndPoint)
 
 public:
-    ~Line() override;
-
     /// One end of the line.
     osg::Vec3d startPoint() const { return _startPoint; }
     void setStartPoint(const osg::Vec3d &startPoint) { _startPoint = startPoint; }

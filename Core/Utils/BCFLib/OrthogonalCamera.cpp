@@ -5,8 +5,6 @@
 
 namespace BCFLib {
 
-OrthogonalCamera::OrthogonalCamera() = default;
-
 QVariant OrthogonalCamera::toQVariant() const
 {
     QVariantMap map;

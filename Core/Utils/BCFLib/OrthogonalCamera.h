@@ -8,15 +8,12 @@
 
 namespace BCFLib {
 
-/// A camera without perspective. A plain value; a viewpoint holds one.
+/// A camera without perspective. A plain value of zeros at first; a viewpoint holds one.
 ///
 /// Points are in metres in the coordinate system of the building model. Nothing checks that the
 /// directions have a length or stand at a right angle.
 struct BCFLIB_EXPORT OrthogonalCamera
 {
-    /// Three zero vectors and a number of 0.
-    OrthogonalCamera();
-
     /// A map with the keys "camera_view_point", "camera_direction", "camera_up_vector" and
     /// "view_to_world_scale".
     QVariant toQVariant() const;

@@ -5,8 +5,6 @@
 
 namespace BCFLib {
 
-PerspectiveCamera::PerspectiveCamera() = default;
-
 QVariant PerspectiveCamera::toQVariant() const
 {
     QVariantMap map;

@@ -18,8 +18,6 @@ Project::Project(const QString &guid, QObject *parent)
     setObjectName(guid);
 }
 
-Project::~Project() = default;
-
 void Project::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

@@ -23,8 +23,6 @@ class BCFLIB_EXPORT Project : public QObject
     Q_PROPERTY(QString _extensionSchema READ extensionSchema WRITE setExtensionSchema)
 
 public:
-    ~Project() override;
-
     /// The project's identifier, which is the object name.
     QString guid() const { return objectName(); }
     void setGuid(const QString &guid) { setObjectName(guid); }

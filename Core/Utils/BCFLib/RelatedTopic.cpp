@@ -12,8 +12,6 @@ RelatedTopic::RelatedTopic(QString guid, QObject *parent)
 {
 }
 
-RelatedTopic::~RelatedTopic() = default;
-
 void RelatedTopic::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

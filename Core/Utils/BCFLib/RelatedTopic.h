@@ -18,8 +18,6 @@ class BCFLIB_EXPORT RelatedTopic : public QObject
     Q_PROPERTY(QString _guid READ guid WRITE setGuid)
 
 public:
-    ~RelatedTopic() override;
-
     /// Guid of the topic that the link leads to. It is a field; the object name stays empty.
     QString guid() const { return _guid; }
     void setGuid(const QString &guid) { _guid = guid; }

@@ -17,8 +17,6 @@ Version::Version(QObject *parent)
 {
 }
 
-Version::~Version() = default;
-
 void Version::childEvent(QChildEvent *event)
 {
     Owners::childEvent(this, event);

@@ -21,8 +21,6 @@ class BCFLIB_EXPORT Version : public QObject
     Q_PROPERTY(QString _detailedVersion READ detailedVersion WRITE setDetailedVersion)
 
 public:
-    ~Version() override;
-
     /// The version text, such as "2.1"; compared as text everywhere, never as a number.
     QString versionId() const { return _versionId; }
     void setVersionId(const QString &versionId) { _versionId = versionId; }

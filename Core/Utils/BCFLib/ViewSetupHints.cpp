@@ -22,8 +22,6 @@ void takeIfPresent(const QVariantMap &map, const QString &key, Tavrin::Boolean *
 
 } // namespace
 
-ViewSetupHints::ViewSetupHints() = default;
-
 bool ViewSetupHints::isEmpty() const
 {
     return spacesVisible == Tavrin::BooleanUnset && spaceBoundariesVisible == Tavrin::BooleanUnset

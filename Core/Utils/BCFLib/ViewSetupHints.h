@@ -11,9 +11,6 @@ namespace BCFLib {
 /// Which kinds of elements, hidden by many tools by default, a viewpoint wants to be shown.
 struct BCFLIB_EXPORT ViewSetupHints
 {
-    /// Says nothing about any of the three.
-    ViewSetupHints();
-
     /// Whether nothing was said about any of the three.
     bool isEmpty() const;
 

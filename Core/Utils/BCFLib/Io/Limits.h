@@ -3,11 +3,9 @@
 
 #include <QtGlobal>
 
-namespace BCFLib {
-
 /// Bounds on what an archive may cost, as archives come from strangers: each is far above what archives of
 /// the field need.
-namespace Limits {
+namespace BCFLib::Limits {
 
 /// Bytes of one XML file. A viewpoint of 308,000 elements takes some 50 MB.
 constexpr qint64 xmlBytes = 256LL * 1024 * 1024;
@@ -56,7 +54,6 @@ constexpr qint64 innerNodeCost = 32;
 constexpr qint64 archiveReads = 4LL * 1024 * 1024;
 constexpr qint64 archiveReadsPerByte = 8;
 
-} // namespace Limits
-} // namespace BCFLib
+} // namespace BCFLib::Limits
 
 #endif // BCFLIB_IO_LIMITS_H

@@ -5,13 +5,11 @@
 #include <QObject>
 #include <QPointer>
 
-namespace BCFLib {
-
 /// Queries on the tree of objects, which is the only store of what hangs below an object.
 ///
 /// They give what a recursive QObject::findChildren() and findChild() give, however an object came to its
 /// place. While an object deletes its children, null stands in the place of those that are gone.
-namespace Search {
+namespace BCFLib::Search {
 
 /// Appends to @p found all objects of class T below @p owner, parents before their children.
 template<class T>
@@ -83,7 +81,6 @@ void deleteAll(const QObject *owner)
     }
 }
 
-} // namespace Search
-} // namespace BCFLib
+} // namespace BCFLib::Search
 
 #endif // BCFLIB_TREE_SEARCH_H

@@ -6,10 +6,8 @@
 #include <QVariantMap>
 #include <functional>
 
-namespace BCFLib {
-
 /// Helpers shared by all conversions to and from variants.
-namespace Variants {
+namespace BCFLib::Variants {
 
 /// A text or a list.
 template<class T>
@@ -50,7 +48,6 @@ inline QDateTime toDate(const QVariant &value)
     return QDateTime::fromString(value.toString(), Qt::ISODate);
 }
 
-} // namespace Variants
-} // namespace BCFLib
+} // namespace BCFLib::Variants
 
 #endif // BCFLIB_VARIANT_MAPS_H

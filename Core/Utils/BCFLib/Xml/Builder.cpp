@@ -9,8 +9,7 @@
 #include <new>
 #include <utility>
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// What the parser calls. No exception may leave them, as expat is C.
 struct Callbacks
@@ -269,5 +268,4 @@ void Builder::append(const QDomNode &node)
     }
 }
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml

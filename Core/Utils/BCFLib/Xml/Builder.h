@@ -12,9 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace BCFLib {
-
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Builds a document from XML text that comes in pieces.
 ///
@@ -64,7 +62,6 @@ private:
     std::exception_ptr _exception;
 };
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_BUILDER_H

@@ -7,8 +7,7 @@
 #include <string_view>
 #include <unicode/ucnv.h>
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Turns the bytes of an XML file into UTF-8 that a strict parser takes.
 ///
@@ -46,7 +45,6 @@ private:
     std::string_view _sectionEnd;
 };
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_DECODER_H

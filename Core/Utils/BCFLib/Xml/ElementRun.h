@@ -6,8 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Elements of one name that stand in a document as one small node.
 ///
@@ -49,7 +48,6 @@ private:
     std::string _marks;
 };
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_ELEMENTRUN_H

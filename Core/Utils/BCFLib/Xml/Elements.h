@@ -7,13 +7,11 @@
 #include <QDomElement>
 #include <QString>
 
-namespace BCFLib {
-
 /// Helpers shared by everything that reads or writes XML elements.
 ///
 /// The texts that are read are copies. QDomElement's own functions give texts that share their memory with
 /// the document; a text that outlives the document would keep part of its memory alive.
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Calls @p visit with each child element of @p parent of that name, in file order.
 ///
@@ -66,7 +64,6 @@ void appendText(QDomDocument &document, QDomElement &parent, const QString &name
 void appendTextIfNotEmpty(QDomDocument &document, QDomElement &parent, const QString &name,
                           const QString &text);
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_ELEMENTS_H

@@ -5,8 +5,7 @@
 #include <array>
 #include <cstring>
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Names of elements and attributes as texts, of which all nodes of one name share one.
 class Names
@@ -28,7 +27,6 @@ private:
     std::array<QString, 64> _names;
 };
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_NAMES_H

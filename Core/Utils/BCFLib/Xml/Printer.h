@@ -12,8 +12,7 @@ class QDomNamedNodeMap;
 class QDomNode;
 class QIODevice;
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Writes a document of elements and texts to an open device as UTF-8, indented by four blanks, with an XML
 /// declaration, as QDomNode::save() does, but for two things: attributes come in the order of their names,
@@ -66,7 +65,6 @@ private:
 /// Writes a document that is complete.
 void writeDocument(const QDomDocument &document, QIODevice *device);
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_PRINTER_H

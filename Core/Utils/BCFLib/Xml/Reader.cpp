@@ -9,8 +9,7 @@
 #include <QIODevice>
 #include <vector>
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 namespace {
 
@@ -76,5 +75,4 @@ bool readDocument(QIODevice *device, QDomDocument *document, NodeCount::Runs run
     return isWellFormed;
 }
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml

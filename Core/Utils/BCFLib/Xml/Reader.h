@@ -6,8 +6,7 @@
 class QDomDocument;
 class QIODevice;
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Parses @p device, which is opened for reading if it is closed, without namespace processing.
 ///
@@ -22,7 +21,6 @@ namespace Xml {
 /// Throws std::bad_alloc where memory ends.
 bool readDocument(QIODevice *device, QDomDocument *document, NodeCount::Runs runs = NodeCount::Runs::None);
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_READER_H

@@ -5,8 +5,7 @@
 
 #include <string_view>
 
-namespace BCFLib {
-namespace Xml {
+namespace BCFLib::Xml {
 
 /// Whether XML 1.0 has a place for the character of that number.
 inline bool isCharacter(uint code)
@@ -24,7 +23,6 @@ QString fromUtf8(std::string_view utf8);
 /// The same text in memory of its own.
 QString detached(const QString &text);
 
-} // namespace Xml
-} // namespace BCFLib
+} // namespace BCFLib::Xml
 
 #endif // BCFLIB_XML_TEXT_H

@@ -5,10 +5,8 @@
 #include <QStringList>
 #include <QVector>
 
-namespace BCFLib {
-
 /// Names under which the entries of a folder can be told apart, read back and unpacked anywhere.
-namespace EntryNames {
+namespace BCFLib::EntryNames {
 
 struct Wish
 {
@@ -28,7 +26,6 @@ QStringList distinct(const QVector<Wish> &wishes, const QStringList &taken);
 /// Whether two names are one on some file systems.
 bool areAlike(const QString &name, const QString &other);
 
-} // namespace EntryNames
-} // namespace BCFLib
+} // namespace BCFLib::EntryNames
 
 #endif // BCFLIB_ZIP_ENTRYNAMES_H

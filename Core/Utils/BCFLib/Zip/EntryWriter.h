@@ -9,10 +9,8 @@
 
 class QuaZip;
 
-namespace BCFLib {
-
 /// Writes an entry of a zip.
-namespace EntryWriter {
+namespace BCFLib::EntryWriter {
 
 constexpr QIODevice::OpenMode textMode = QIODevice::WriteOnly | QIODevice::Text;
 constexpr QIODevice::OpenMode byteMode = QIODevice::WriteOnly;
@@ -27,7 +25,6 @@ bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
            const std::function<bool(QIODevice *)> &writeTo,
            QFileDevice::Permissions permissions = readPermissions);
 
-} // namespace EntryWriter
-} // namespace BCFLib
+} // namespace BCFLib::EntryWriter
 
 #endif // BCFLIB_ZIP_ENTRYWRITER_H
