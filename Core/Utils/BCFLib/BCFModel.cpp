@@ -9,7 +9,6 @@
 #include "Version.h"
 
 #include <Core/Utils/Utility/NewId.h>
-#include <memory>
 
 namespace BCFLib {
 

@@ -18,7 +18,6 @@
 #include <Core/Utils/Utility/NewId.h>
 #include <QFileInfo>
 #include <QIODevice>
-#include <memory>
 #include <utility>
 
 namespace BCFLib {

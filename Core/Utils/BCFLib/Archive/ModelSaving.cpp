@@ -16,7 +16,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <algorithm>
 #include <new>
 #include <quazip/quazip.h>
 #include <set>

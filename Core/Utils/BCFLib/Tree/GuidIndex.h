@@ -9,7 +9,6 @@
 #include <memory_resource>
 #include <tuple>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 class QChildEvent;
