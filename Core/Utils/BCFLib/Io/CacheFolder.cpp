@@ -36,16 +36,6 @@ CacheFolder::CacheFolder()
     _dir.mkpath(QStringLiteral("."));
 }
 
-QString CacheFolder::path() const
-{
-    return _dir.absolutePath();
-}
-
-QString CacheFolder::pathOf(const QString &memberName) const
-{
-    return path() + QDir::separator() + memberName;
-}
-
 bool CacheFolder::write(const QString &memberName, const QByteArray &bytes) const
 {
     const QString copyPath = _dir.absoluteFilePath(memberName);

@@ -17,10 +17,10 @@ public:
     CacheFolder();
 
     /// Absolute path of the folder.
-    QString path() const;
+    QString path() const { return _dir.absolutePath(); }
 
     /// Absolute path of the copy of the entry of that name.
-    QString pathOf(const QString &memberName) const;
+    QString pathOf(const QString &memberName) const { return path() + QDir::separator() + memberName; }
 
     /// Replaces the copy of the entry of that name, at once and as a whole.
     ///

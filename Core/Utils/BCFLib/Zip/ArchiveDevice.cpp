@@ -6,21 +6,12 @@
 
 namespace BCFLib {
 
-namespace {
-
-constexpr qint64 blockSize = 16LL * 1024;
-
-} // namespace
-
 ArchiveDevice::ArchiveDevice(const QString &path)
     // The host may go to another folder while the archive is read.
     : _file(QFileInfo(path).absoluteFilePath())
-    , _bytes(new char[static_cast<size_t>(blockSize) * _blocks.size()])
 {
     budget()->setArchiveSize(_file.size());
 }
-
-ArchiveDevice::~ArchiveDevice() = default;
 
 ArchiveDevice *ArchiveDevice::of(const QuaZip *zip)
 {
@@ -47,21 +38,6 @@ void ArchiveDevice::close()
     _file.close();
 }
 
-bool ArchiveDevice::isSequential() const
-{
-    return _file.isSequential();
-}
-
-qint64 ArchiveDevice::size() const
-{
-    return _size;
-}
-
-Directory &ArchiveDevice::directory()
-{
-    return _directory;
-}
-
 bool ArchiveDevice::isSound() const
 {
     const QFileInfo now(_file.fileName());
@@ -82,27 +58,20 @@ qint64 ArchiveDevice::readData(char *data, qint64 maxSize)
         if (count <= 0) {
             break;
         }
-        std::memcpy(data + length, block.bytes + offset, static_cast<size_t>(count));
+        std::memcpy(data + length, block.bytes.data() + offset, static_cast<size_t>(count));
         length += count;
     }
     budget()->read(length);
     return length;
 }
 
-qint64 ArchiveDevice::writeData(const char * /*data*/, qint64 /*maxSize*/)
-{
-    return -1;
-}
-
 const ArchiveDevice::Block &ArchiveDevice::block(qint64 number)
 {
-    const size_t index = static_cast<size_t>(number) % _blocks.size();
-    Block &block = _blocks[index];
+    Block &block = _blocks[static_cast<size_t>(number) % _blocks.size()];
     if (block.number != number) {
         const qint64 start = number * blockSize;
         block.number = number;
-        block.bytes = _bytes.get() + static_cast<size_t>(blockSize) * index;
-        block.size = _file.seek(start) ? qMax<qint64>(0, _file.read(block.bytes, blockSize)) : 0;
+        block.size = _file.seek(start) ? qMax<qint64>(0, _file.read(block.bytes.data(), blockSize)) : 0;
         _isSound = _isSound && block.size >= qMin(blockSize, _size - start);
     }
     return block;

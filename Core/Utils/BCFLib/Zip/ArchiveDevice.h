@@ -10,7 +10,7 @@
 #include <QString>
 
 #include <array>
-#include <memory>
+#include <vector>
 
 class QuaZip;
 
@@ -25,41 +25,41 @@ class ArchiveDevice : public QIODevice, public BudgetedDevice
 {
 public:
     explicit ArchiveDevice(const QString &path);
-    ~ArchiveDevice() override;
 
     /// The device that an archive was opened by; null if that was a device of another kind.
     static ArchiveDevice *of(const QuaZip *zip);
 
     bool open(OpenMode mode) override;
     void close() override;
-    bool isSequential() const override;
-    qint64 size() const override;
+    bool isSequential() const override { return _file.isSequential(); }
+    qint64 size() const override { return _size; }
 
     /// Empty until Directory::read() has filled it.
-    Directory &directory();
+    Directory &directory() { return _directory; }
 
     /// Whether all reads so far went well, and the file is still the one that was opened.
     bool isSound() const;
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
-    qint64 writeData(const char *data, qint64 maxSize) override;
+    qint64 writeData(const char * /*data*/, qint64 /*maxSize*/) override { return -1; }
 
 private:
+    static constexpr qint64 blockSize = 16LL * 1024;
+
     struct Block
     {
         qint64 number = -1;
         qint64 size = 0;
-        char *bytes = nullptr;
+        std::array<char, blockSize> bytes;
     };
 
     /// The block of that number; smaller than others at the end of the file.
     const Block &block(qint64 number);
 
     QFile _file;
-    std::array<Block, 64> _blocks;
-    /// The bytes of all blocks. Nothing is allocated later on, as a zip reader may not be thrown through.
-    std::unique_ptr<char[]> _bytes;
+    /// None is allocated later on, as a zip reader may not be thrown through.
+    std::vector<Block> _blocks{64};
     Directory _directory;
     /// What the file was like when it was opened.
     qint64 _size = 0;

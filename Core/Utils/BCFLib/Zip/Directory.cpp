@@ -49,11 +49,6 @@ void Directory::read(QuaZip *zip)
     zip->goToFirstFile();
 }
 
-QStringList Directory::rootFolders() const
-{
-    return _rootFolders;
-}
-
 bool Directory::goTo(QuaZip *zip, const QString &name)
 {
     ArchiveDevice *device = ArchiveDevice::of(zip);

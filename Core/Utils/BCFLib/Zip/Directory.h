@@ -23,7 +23,7 @@ public:
     void read(QuaZip *zip);
 
     /// The folders at the root, each with a "/" after its name, in the order of the directory.
-    QStringList rootFolders() const;
+    QStringList rootFolders() const { return _rootFolders; }
 
     /// Moves @p zip to the entry of that name, the last if there are several; false if there is none.
     ///

@@ -24,11 +24,6 @@ void SavedFile::close()
     }
 }
 
-bool SavedFile::isSound() const
-{
-    return _isSound;
-}
-
 qint64 SavedFile::writeData(const char *data, qint64 size)
 {
     return note([=] { return QFile::writeData(data, size) == size; }) ? size : -1;

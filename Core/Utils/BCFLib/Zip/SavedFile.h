@@ -19,7 +19,7 @@ public:
     void close() override;
 
     /// Whether nothing has failed so far.
-    bool isSound() const;
+    bool isSound() const { return _isSound; }
 
 protected:
     qint64 writeData(const char *data, qint64 size) override;
