@@ -1,5 +1,4 @@
-#ifndef BENCHMARKS_ARCHIVES_H
-#define BENCHMARKS_ARCHIVES_H
+#pragma once
 
 #include <QSharedPointer>
 #include <QString>
@@ -44,5 +43,3 @@ std::vector<Archive> archives();
 QSharedPointer<BCFLib::BCFModel> makeModel(const Contents &contents, const QString &folder);
 
 } // namespace Benchmarks
-
-#endif // BENCHMARKS_ARCHIVES_H

@@ -1,5 +1,4 @@
-#ifndef BENCHMARKS_FLOORS_H
-#define BENCHMARKS_FLOORS_H
+#pragma once
 
 #include <QString>
 
@@ -16,5 +15,3 @@ void loadFloor(const QString &path);
 double saveFloor(const QString &path, const QString &target);
 
 } // namespace Benchmarks
-
-#endif // BENCHMARKS_FLOORS_H

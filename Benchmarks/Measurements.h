@@ -1,5 +1,4 @@
-#ifndef BENCHMARKS_MEASUREMENTS_H
-#define BENCHMARKS_MEASUREMENTS_H
+#pragma once
 
 #include <QString>
 
@@ -13,5 +12,3 @@ void registerLoadSave(const QString &folder, bool quick);
 void registerEditing(const QString &folder, bool quick);
 
 } // namespace Benchmarks
-
-#endif // BENCHMARKS_MEASUREMENTS_H

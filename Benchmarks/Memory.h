@@ -1,5 +1,4 @@
-#ifndef BENCHMARKS_MEMORY_H
-#define BENCHMARKS_MEMORY_H
+#pragma once
 
 #include <QString>
 
@@ -20,5 +19,3 @@ Memory memoryOfLoad(const QString &path);
 int printMemoryOfLoad(const QString &path);
 
 } // namespace Benchmarks
-
-#endif // BENCHMARKS_MEMORY_H

@@ -1,5 +1,4 @@
-#ifndef BENCHMARKS_STOPWATCH_H
-#define BENCHMARKS_STOPWATCH_H
+#pragma once
 
 #include <ctime>
 
@@ -20,5 +19,3 @@ double seconds(const Work &work, clockid_t clock = CLOCK_THREAD_CPUTIME_ID)
 }
 
 } // namespace Benchmarks
-
-#endif // BENCHMARKS_STOPWATCH_H

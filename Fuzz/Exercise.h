@@ -1,5 +1,4 @@
-#ifndef FUZZ_EXERCISE_H
-#define FUZZ_EXERCISE_H
+#pragma once
 
 #include <BCFModel.h>
 
@@ -31,5 +30,3 @@ QSharedPointer<BCFLib::BCFModel> load(const QString &path);
 QSharedPointer<BCFLib::BCFModel> everything(BCFLib::BCFModel *model);
 
 } // namespace Exercise
-
-#endif // FUZZ_EXERCISE_H

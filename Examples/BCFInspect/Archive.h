@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_ARCHIVE_H
-#define BCFINSPECT_ARCHIVE_H
+#pragma once
 
 #include "ArchiveCheck.h"
 
@@ -25,5 +24,3 @@ struct Archive
 
 /// Judges a @p model that was loaded from @p path.
 Archive judged(const QSharedPointer<BCFLib::BCFModel> &model, const QString &path);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_JSONWRITER_H
-#define BCFINSPECT_JSONWRITER_H
+#pragma once
 
 struct Archive;
 class QIODevice;
@@ -10,5 +9,3 @@ class QIODevice;
 /// viewpoint takes them back, and dates are in UTC, as a local one means nothing to whoever reads it
 /// elsewhere. Only one topic at a time is held as text.
 void writeJson(const Archive &archive, QIODevice &out);
-
-#endif

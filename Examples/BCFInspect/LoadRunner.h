@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_LOADRUNNER_H
-#define BCFINSPECT_LOADRUNNER_H
+#pragma once
 
 #include <QSharedPointer>
 
@@ -15,5 +14,3 @@ class QString;
 /// Needs a QCoreApplication, whose events are handled until the load has ended. The model is never
 /// null and belongs to the calling thread.
 QSharedPointer<BCFLib::BCFModel> loadInThread(const QString &path, ProgressBar &bar);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_PROGRESSBAR_H
-#define BCFINSPECT_PROGRESSBAR_H
+#pragma once
 
 #include <QElapsedTimer>
 #include <QString>
@@ -26,5 +25,3 @@ private:
     qint64 _max = 0;
     qint64 _done = 0;
 };
-
-#endif

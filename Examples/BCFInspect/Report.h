@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_REPORT_H
-#define BCFINSPECT_REPORT_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -51,5 +50,3 @@ private:
     bool _begun = false;
     int _indent = 0;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_TOPICPRINTER_H
-#define BCFINSPECT_TOPICPRINTER_H
+#pragma once
 
 #include <QHash>
 #include <QString>
@@ -37,5 +36,3 @@ private:
     /// "comment 2" or "viewpoint 1" for what the comments of the present topic link to.
     QHash<const void *, QString> _numbers;
 };
-
-#endif

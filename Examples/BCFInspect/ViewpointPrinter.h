@@ -1,5 +1,4 @@
-#ifndef BCFINSPECT_VIEWPOINTPRINTER_H
-#define BCFINSPECT_VIEWPOINTPRINTER_H
+#pragma once
 
 namespace BCFLib {
 class Viewpoint;
@@ -10,5 +9,3 @@ class Report;
 
 /// Prints the fields of one viewpoint. The @p snapshot is null where there is none.
 void printViewpoint(const BCFLib::Viewpoint &viewpoint, const QByteArray *snapshot, Report &report);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef EXAMPLES_ARCHIVECHECK_H
-#define EXAMPLES_ARCHIVECHECK_H
+#pragma once
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -67,5 +66,3 @@ public:
     static QStringList problems(const BCFLib::Topic &topic);
     static QStringList problems(const BCFLib::Viewpoint &viewpoint);
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_ARCHIVEEDITOR_H
-#define ISSUEBROWSER_ARCHIVEEDITOR_H
+#pragma once
 
 #include <Core/Utils/BCFLib/BCFModel.h>
 #include <Core/Utils/BCFLib/Comment.h>
@@ -56,5 +55,3 @@ private:
     QString _author;
     QUndoStack _history;
 };
-
-#endif

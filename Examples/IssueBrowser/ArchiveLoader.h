@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_ARCHIVELOADER_H
-#define ISSUEBROWSER_ARCHIVELOADER_H
+#pragma once
 
 #include <ArchiveCheck.h>
 #include <Core/Utils/BCFLib/BCFModel.h>
@@ -55,5 +54,3 @@ private:
     qint64 _done = 0;
     int _percent = 0;
 };
-
-#endif

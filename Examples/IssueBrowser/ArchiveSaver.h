@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_ARCHIVESAVER_H
-#define ISSUEBROWSER_ARCHIVESAVER_H
+#pragma once
 
 #include <QObject>
 #include <QThread>
@@ -37,5 +36,3 @@ private:
     QString _problem;
     std::unique_ptr<QThread> _thread;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_ATTACHMENTLISTMODEL_H
-#define ISSUEBROWSER_ATTACHMENTLISTMODEL_H
+#pragma once
 
 #include <QAbstractListModel>
 #include <QUrl>
@@ -33,5 +32,3 @@ private:
     /// The objects that are shown; for the link the topic itself.
     QVector<const QObject *> _rows;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_COMMENTDELEGATE_H
-#define ISSUEBROWSER_COMMENTDELEGATE_H
+#pragma once
 
 #include <QStyledItemDelegate>
 
@@ -30,5 +29,3 @@ protected:
 private:
     const QTreeView *_view;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_COMMENTPANEL_H
-#define ISSUEBROWSER_COMMENTPANEL_H
+#pragma once
 
 #include <QHash>
 #include <QWidget>
@@ -82,5 +81,3 @@ private:
     QAction *_edit;
     QAction *_delete;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_COMMENTTREEMODEL_H
-#define ISSUEBROWSER_COMMENTTREEMODEL_H
+#pragma once
 
 #include <QAbstractItemModel>
 #include <QList>
@@ -67,5 +66,3 @@ private:
     QList<BCFLib::Comment *> _comments;
     QVector<Node> _nodes;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_COPYACTION_H
-#define ISSUEBROWSER_COPYACTION_H
+#pragma once
 
 class QAbstractItemView;
 class QString;
@@ -7,5 +6,3 @@ class QString;
 /// Gives @p view a context menu entry and the usual key that copy the selected rows to the clipboard: the
 /// whole texts of their first column, one on a line.
 void addCopyAction(QAbstractItemView *view, const QString &name);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_DISPLAYTEXT_H
-#define ISSUEBROWSER_DISPLAYTEXT_H
+#pragma once
 
 #include <QString>
 
@@ -29,5 +28,3 @@ QString elements(const BCFLib::Viewpoint &viewpoint);
 QString geometry(const BCFLib::Viewpoint &viewpoint);
 
 } // namespace DisplayText
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_ELEMENTTABLEMODEL_H
-#define ISSUEBROWSER_ELEMENTTABLEMODEL_H
+#pragma once
 
 #include <QAbstractTableModel>
 #include <QColor>
@@ -57,5 +56,3 @@ private:
     QVector<Group> _groups;
     int _size = 0;
 };
-
-#endif

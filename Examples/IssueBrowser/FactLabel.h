@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_FACTLABEL_H
-#define ISSUEBROWSER_FACTLABEL_H
+#pragma once
 
 class QFormLayout;
 class QLabel;
@@ -7,5 +6,3 @@ class QString;
 
 /// Adds a row to @p form with a label that shows whatever text it gets as plain text, wrapped.
 QLabel *addFact(QFormLayout *form, const QString &name);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_FIELDKEYS_H
-#define ISSUEBROWSER_FIELDKEYS_H
+#pragma once
 
 #include <QObject>
 
@@ -27,5 +26,3 @@ signals:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_FOCUSMARKER_H
-#define ISSUEBROWSER_FOCUSMARKER_H
+#pragma once
 
 #include <QFocusFrame>
 
@@ -19,5 +18,3 @@ protected:
 private:
     void follow(QWidget *focused);
 };
-
-#endif

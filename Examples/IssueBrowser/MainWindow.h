@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_MAINWINDOW_H
-#define ISSUEBROWSER_MAINWINDOW_H
+#pragma once
 
 #include <QMainWindow>
 #include <QMessageBox>
@@ -104,5 +103,3 @@ private:
     QAction *_editTitle = nullptr;
     QAction *_deleteTopic = nullptr;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_NOTICEBAR_H
-#define ISSUEBROWSER_NOTICEBAR_H
+#pragma once
 
 #include <QFrame>
 
@@ -19,5 +18,3 @@ public:
 private:
     QLabel *_text;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_PRIORITYRANK_H
-#define ISSUEBROWSER_PRIORITYRANK_H
+#pragma once
 
 class QString;
 
@@ -7,5 +6,3 @@ class QString;
 /// the usual words of several languages from 1 for critical to 5 for the least, other texts behind them,
 /// and none at the end.
 double priorityRank(const QString &priority);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_RECENTFILESMENU_H
-#define ISSUEBROWSER_RECENTFILESMENU_H
+#pragma once
 
 #include <QMenu>
 
@@ -17,5 +16,3 @@ signals:
 private:
     void fill();
 };
-
-#endif

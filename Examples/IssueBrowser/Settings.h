@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_SETTINGS_H
-#define ISSUEBROWSER_SETTINGS_H
+#pragma once
 
 #include <QStringList>
 
@@ -24,5 +23,3 @@ QStringList recentFiles();
 void addRecentFile(const QString &path);
 
 } // namespace Settings
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_SNAPSHOTVIEW_H
-#define ISSUEBROWSER_SNAPSHOTVIEW_H
+#pragma once
 
 #include <QImage>
 #include <QWidget>
@@ -40,5 +39,3 @@ private:
     QAction *_enlarge;
     QAction *_save;
 };
-
-#endif

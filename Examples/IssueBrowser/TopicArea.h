@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_TOPICAREA_H
-#define ISSUEBROWSER_TOPICAREA_H
+#pragma once
 
 #include <QPointer>
 #include <QWidget>
@@ -65,5 +64,3 @@ private:
     QPointer<BCFLib::Topic> _announced;
     bool _isKeeping = false;
 };
-
-#endif

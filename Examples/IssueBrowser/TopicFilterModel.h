@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_TOPICFILTERMODEL_H
-#define ISSUEBROWSER_TOPICFILTERMODEL_H
+#pragma once
 
 #include <QCollator>
 #include <QSet>
@@ -48,5 +47,3 @@ private:
     QSet<const BCFLib::Topic *> _kept;
     QCollator _collator;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_TOPICPAGES_H
-#define ISSUEBROWSER_TOPICPAGES_H
+#pragma once
 
 #include <QWidget>
 
@@ -38,5 +37,3 @@ private:
     AttachmentListModel *_attachments;
     QListView *_list;
 };
-
-#endif

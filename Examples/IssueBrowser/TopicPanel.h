@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_TOPICPANEL_H
-#define ISSUEBROWSER_TOPICPANEL_H
+#pragma once
 
 #include <QVector>
 #include <QWidget>
@@ -62,5 +61,3 @@ private:
     QLabel *_modified;
     QPlainTextEdit *_description;
 };
-
-#endif

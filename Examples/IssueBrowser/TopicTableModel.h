@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_TOPICTABLEMODEL_H
-#define ISSUEBROWSER_TOPICTABLEMODEL_H
+#pragma once
 
 #include <QAbstractTableModel>
 #include <QSharedPointer>
@@ -47,5 +46,3 @@ private:
     QSharedPointer<BCFLib::BCFModel> _archive;
     QVector<BCFLib::Topic *> _topics;
 };
-
-#endif

@@ -1,7 +1,4 @@
-#ifndef ISSUEBROWSER_TRANSLATORS_H
-#define ISSUEBROWSER_TRANSLATORS_H
+#pragma once
 
 /// Lets the program, the library and Qt speak the first language of the session, if there are catalogues.
 void installTranslators();
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_VIEWPOINTCHOOSER_H
-#define ISSUEBROWSER_VIEWPOINTCHOOSER_H
+#pragma once
 
 #include <QComboBox>
 
@@ -26,5 +25,3 @@ public:
 private:
     const BCFLib::Topic *_topic = nullptr;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_VIEWPOINTLISTMODEL_H
-#define ISSUEBROWSER_VIEWPOINTLISTMODEL_H
+#pragma once
 
 #include <QAbstractListModel>
 #include <QCache>
@@ -40,5 +39,3 @@ private:
     /// Thumbnails by row, made when they are first seen; the oldest give way.
     mutable QCache<int, QPixmap> _thumbnails{200};
 };
-
-#endif

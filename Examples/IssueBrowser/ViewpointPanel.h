@@ -1,5 +1,4 @@
-#ifndef ISSUEBROWSER_VIEWPOINTPANEL_H
-#define ISSUEBROWSER_VIEWPOINTPANEL_H
+#pragma once
 
 #include <QWidget>
 
@@ -50,5 +49,3 @@ private:
     QLabel *_cameras = nullptr;
     QLabel *_geometry = nullptr;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TESTS_BROWSER_H
-#define TESTS_BROWSER_H
+#pragma once
 
 #include "MainWindow.h"
 #include "TestArchive.h"
@@ -116,5 +115,3 @@ inline void choose(const QString &name)
         QTest::keyClick(field, Qt::Key_Return);
     });
 }
-
-#endif // TESTS_BROWSER_H

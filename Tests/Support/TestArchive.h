@@ -1,5 +1,4 @@
-#ifndef TESTS_TESTARCHIVE_H
-#define TESTS_TESTARCHIVE_H
+#pragma once
 
 // All classes that hosts use, and what most tests take from Qt.
 #include <BCFLoadingWorker.h>
@@ -99,5 +98,3 @@ void addRows(const QString &file);
 
 /// What some work gives in a process of its own; 128 if that crashes, 3 if the work throws.
 int outcomeOf(const std::function<int()> &work);
-
-#endif // TESTS_TESTARCHIVE_H

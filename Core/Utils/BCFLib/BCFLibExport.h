@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BCFLIBEXPORT_H
-#define BCFLIB_BCFLIBEXPORT_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -8,6 +7,4 @@
 #    define BCFLIB_EXPORT Q_DECL_EXPORT
 #else
 #    define BCFLIB_EXPORT Q_DECL_IMPORT
-#endif
-
 #endif

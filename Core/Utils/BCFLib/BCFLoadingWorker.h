@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BCFLOADINGWORKER_H
-#define BCFLIB_BCFLOADINGWORKER_H
+#pragma once
 
 #include "BCFLibExport.h"
 #include "BCFModel.h"
@@ -48,5 +47,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_BCFLOADINGWORKER_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BCFMODEL_H
-#define BCFLIB_BCFMODEL_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -166,5 +165,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_BCFMODEL_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BCF_2_0_COMMENT_H
-#define BCFLIB_BCF_2_0_COMMENT_H
+#pragma once
 
 #include "Comment.h"
 
@@ -38,5 +37,3 @@ private:
 };
 
 } // namespace BCF_2_0_Lib
-
-#endif // BCFLIB_BCF_2_0_COMMENT_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BCF_2_0_COMPONENT_H
-#define BCFLIB_BCF_2_0_COMPONENT_H
+#pragma once
 
 #include "Component.h"
 
@@ -49,5 +48,3 @@ private:
 };
 
 } // namespace BCF_2_0_Lib
-
-#endif // BCFLIB_BCF_2_0_COMPONENT_H

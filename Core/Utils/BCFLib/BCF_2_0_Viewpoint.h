@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BCF_2_0_VIEWPOINT_H
-#define BCFLIB_BCF_2_0_VIEWPOINT_H
+#pragma once
 
 #include "BCF_2_0_Component.h"
 #include "Viewpoint.h"
@@ -51,5 +50,3 @@ private:
 };
 
 } // namespace BCF_2_0_Lib
-
-#endif // BCFLIB_BCF_2_0_VIEWPOINT_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BIMSNIPPET_H
-#define BCFLIB_BIMSNIPPET_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -59,5 +58,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_BIMSNIPPET_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_BITMAP_H
-#define BCFLIB_BITMAP_H
+#pragma once
 
 #include "BCFLibExport.h"
 #include "Vec3dMetaType.h"
@@ -76,5 +75,3 @@ private:
 } // namespace BCFLib
 
 Q_DECLARE_METATYPE(BCFLib::BitmapFormat)
-
-#endif // BCFLIB_BITMAP_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_COMMENT_H
-#define BCFLIB_COMMENT_H
+#pragma once
 
 #include "BCFLibExport.h"
 // Whole classes, not only their names: otherwise the links can't be read through the meta-object.
@@ -115,5 +114,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_COMMENT_H

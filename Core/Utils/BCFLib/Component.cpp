@@ -3,8 +3,6 @@
 #include "Tree/Owners.h"
 #include "Variant/Maps.h"
 
-#include <QVariantMap>
-
 namespace BCFLib {
 
 Component::Component(const QString &guid, QObject *parent)

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_COMPONENT_H
-#define BCFLIB_COMPONENT_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -74,5 +73,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_COMPONENT_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_COMPONENTS_H
-#define BCFLIB_COMPONENTS_H
+#pragma once
 
 #include "BCFLibExport.h"
 #include "ViewSetupHints.h"
@@ -116,5 +115,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_COMPONENTS_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_DOMXML_H
-#define BCFLIB_DOMXML_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -45,5 +44,3 @@ BCFLIB_EXPORT QDomElement createPointElement(QDomDocument &document, const QStri
 
 } // namespace DOMXml
 } // namespace Tavrin
-
-#endif // BCFLIB_DOMXML_H

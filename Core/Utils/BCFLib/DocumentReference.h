@@ -1,5 +1,4 @@
-#ifndef BCFLIB_DOCUMENTREFERENCE_H
-#define BCFLIB_DOCUMENTREFERENCE_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -61,5 +60,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_DOCUMENTREFERENCE_H

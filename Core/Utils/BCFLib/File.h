@@ -1,5 +1,4 @@
-#ifndef BCFLIB_FILE_H
-#define BCFLIB_FILE_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -81,5 +80,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_FILE_H

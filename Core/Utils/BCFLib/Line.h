@@ -1,5 +1,4 @@
-#ifndef BCFLIB_LINE_H
-#define BCFLIB_LINE_H
+#pragma once
 
 #include "BCFLibExport.h"
 #include "Vec3dMetaType.h"
@@ -43,5 +42,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_LINE_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ORTHOGONALCAMERA_H
-#define BCFLIB_ORTHOGONALCAMERA_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -34,5 +33,3 @@ struct BCFLIB_EXPORT OrthogonalCamera
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_ORTHOGONALCAMERA_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_PERSPECTIVECAMERA_H
-#define BCFLIB_PERSPECTIVECAMERA_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -32,5 +31,3 @@ struct BCFLIB_EXPORT PerspectiveCamera
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_PERSPECTIVECAMERA_H

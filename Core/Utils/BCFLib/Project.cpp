@@ -6,7 +6,6 @@
 #include "Xml/Reader.h"
 
 #include <QDomDocument>
-#include <QIODevice>
 #include <QVariantMap>
 #include <memory>
 
@@ -47,7 +46,7 @@ bool Project::serialize(QIODevice *device)
 {
     QDomDocument document;
     writeProject(document);
-    Xml::writeDocument(document, device);
+    Xml::Printer(device).finish(document);
     return true;
 }
 

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_PROJECT_H
-#define BCFLIB_PROJECT_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -63,5 +62,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_PROJECT_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_RELATEDTOPIC_H
-#define BCFLIB_RELATEDTOPIC_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -38,5 +37,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_RELATEDTOPIC_H

@@ -113,10 +113,7 @@ Comment *Topic::addComment(const QString &guid)
 
 Comment *Topic::createComment(const QString &guid)
 {
-    if (BCFModel::isBCF_2_0(this)) {
-        return new BCF_2_0_Lib::Comment(guid, this);
-    }
-    return new Comment(guid, this);
+    return BCFModel::isBCF_2_0(this) ? new BCF_2_0_Lib::Comment(guid, this) : new Comment(guid, this);
 }
 
 void Topic::removeComment(const QString &guid)
@@ -153,10 +150,7 @@ Viewpoint *Topic::addViewpoint(const QString &guid)
 
 Viewpoint *Topic::createViewpoint(const QString &guid)
 {
-    if (BCFModel::isBCF_2_0(this)) {
-        return new BCF_2_0_Lib::Viewpoint(guid, this);
-    }
-    return new Viewpoint(guid, this);
+    return BCFModel::isBCF_2_0(this) ? new BCF_2_0_Lib::Viewpoint(guid, this) : new Viewpoint(guid, this);
 }
 
 /// The place among viewpoints(), which is found at once if it is the last.

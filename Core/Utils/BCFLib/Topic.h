@@ -1,5 +1,4 @@
-#ifndef BCFLIB_TOPIC_H
-#define BCFLIB_TOPIC_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -311,5 +310,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_TOPIC_H

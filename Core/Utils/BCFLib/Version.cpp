@@ -7,7 +7,6 @@
 #include "Xml/Reader.h"
 
 #include <QDomDocument>
-#include <QIODevice>
 #include <memory>
 
 namespace BCFLib {
@@ -50,7 +49,7 @@ bool Version::serialize(QIODevice *device)
 {
     QDomDocument document;
     writeVersion(document);
-    Xml::writeDocument(document, device);
+    Xml::Printer(device).finish(document);
     return true;
 }
 

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_VERSION_H
-#define BCFLIB_VERSION_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -58,5 +57,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_VERSION_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_VIEWSETUPHINTS_H
-#define BCFLIB_VIEWSETUPHINTS_H
+#pragma once
 
 #include "BCFLibExport.h"
 
@@ -28,5 +27,3 @@ struct BCFLIB_EXPORT ViewSetupHints
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_VIEWSETUPHINTS_H

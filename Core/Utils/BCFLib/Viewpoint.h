@@ -1,5 +1,4 @@
-#ifndef BCFLIB_VIEWPOINT_H
-#define BCFLIB_VIEWPOINT_H
+#pragma once
 
 #include "BCFLibExport.h"
 #include "OrthogonalCamera.h"
@@ -184,5 +183,3 @@ protected:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_VIEWPOINT_H

@@ -1,5 +1,4 @@
-#ifndef QTCORETOOLS_BOOLEAN_H
-#define QTCORETOOLS_BOOLEAN_H
+#pragma once
 
 #include "QtCoreToolsExport.h"
 
@@ -45,5 +44,3 @@ QTCORETOOLS_EXPORT Boolean fromVariant(const QVariant &variant);
 }
 
 Q_DECLARE_METATYPE(Tavrin::Boolean)
-
-#endif

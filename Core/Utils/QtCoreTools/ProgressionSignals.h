@@ -1,5 +1,4 @@
-#ifndef QTCORETOOLS_PROGRESSIONSIGNALS_H
-#define QTCORETOOLS_PROGRESSIONSIGNALS_H
+#pragma once
 
 #include "QtCoreToolsExport.h"
 
@@ -34,5 +33,3 @@ signals:
 };
 
 }
-
-#endif

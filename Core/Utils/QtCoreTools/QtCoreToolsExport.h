@@ -1,5 +1,4 @@
-#ifndef QTCORETOOLS_QTCORETOOLSEXPORT_H
-#define QTCORETOOLS_QTCORETOOLSEXPORT_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -8,6 +7,4 @@
 #    define QTCORETOOLS_EXPORT Q_DECL_EXPORT
 #else
 #    define QTCORETOOLS_EXPORT Q_DECL_IMPORT
-#endif
-
 #endif

@@ -1,5 +1,4 @@
-#ifndef UTILITY_NEWID_H
-#define UTILITY_NEWID_H
+#pragma once
 
 #include "UtilityExport.h"
 
@@ -14,5 +13,3 @@ namespace Tavrin {
 UTILITY_EXPORT QString NewId();
 
 }
-
-#endif

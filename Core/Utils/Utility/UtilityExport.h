@@ -1,5 +1,4 @@
-#ifndef UTILITY_UTILITYEXPORT_H
-#define UTILITY_UTILITYEXPORT_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -8,6 +7,4 @@
 #    define UTILITY_EXPORT Q_DECL_EXPORT
 #else
 #    define UTILITY_EXPORT Q_DECL_IMPORT
-#endif
-
 #endif

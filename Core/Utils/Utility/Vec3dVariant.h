@@ -1,5 +1,4 @@
-#ifndef UTILITY_VEC3DVARIANT_H
-#define UTILITY_VEC3DVARIANT_H
+#pragma once
 
 #include "UtilityExport.h"
 
@@ -17,5 +16,3 @@ UTILITY_EXPORT QMap<QString, QVariant> Vec3dToQVariant(const osg::Vec3d &vector)
 UTILITY_EXPORT osg::Vec3d Vec3dFromQVariant(const QMap<QString, QVariant> &map);
 
 }
-
-#endif

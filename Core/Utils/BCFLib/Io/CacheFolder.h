@@ -1,5 +1,4 @@
-#ifndef BCFLIB_IO_CACHEFOLDER_H
-#define BCFLIB_IO_CACHEFOLDER_H
+#pragma once
 
 #include <QDir>
 #include <QString>
@@ -38,5 +37,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_IO_CACHEFOLDER_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_IO_LIMITS_H
-#define BCFLIB_IO_LIMITS_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -55,5 +54,3 @@ constexpr qint64 archiveReads = 4LL * 1024 * 1024;
 constexpr qint64 archiveReadsPerByte = 8;
 
 } // namespace BCFLib::Limits
-
-#endif // BCFLIB_IO_LIMITS_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_IO_NATIVEPATH_H
-#define BCFLIB_IO_NATIVEPATH_H
+#pragma once
 
 #include <QFile>
 #include <QString>
@@ -19,5 +18,3 @@ inline std::filesystem::path nativePath(const QString &path)
 }
 
 } // namespace BCFLib
-
-#endif // BCFLIB_IO_NATIVEPATH_H

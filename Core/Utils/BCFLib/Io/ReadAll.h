@@ -1,5 +1,4 @@
-#ifndef BCFLIB_IO_READALL_H
-#define BCFLIB_IO_READALL_H
+#pragma once
 
 #include <QByteArray>
 #include <QtGlobal>
@@ -19,5 +18,3 @@ enum class ReadOutcome {
 ReadOutcome readToEnd(QIODevice *device, qint64 limit, QByteArray *bytes);
 
 } // namespace BCFLib
-
-#endif // BCFLIB_IO_READALL_H

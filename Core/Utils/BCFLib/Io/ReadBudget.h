@@ -1,5 +1,4 @@
-#ifndef BCFLIB_IO_READBUDGET_H
-#define BCFLIB_IO_READBUDGET_H
+#pragma once
 
 #include "Limits.h"
 
@@ -67,5 +66,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_IO_READBUDGET_H

@@ -14,7 +14,6 @@
 #include "Xml/Reader.h"
 
 #include <QDomDocument>
-#include <QIODevice>
 #include <memory>
 
 namespace BCFLib {

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_TREE_GUIDINDEX_H
-#define BCFLIB_TREE_GUIDINDEX_H
+#pragma once
 
 #include "Search.h"
 
@@ -108,5 +107,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_TREE_GUIDINDEX_H

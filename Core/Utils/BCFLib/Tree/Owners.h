@@ -1,5 +1,4 @@
-#ifndef BCFLIB_TREE_OWNERS_H
-#define BCFLIB_TREE_OWNERS_H
+#pragma once
 
 class QChildEvent;
 class QObject;
@@ -33,5 +32,3 @@ private:
 bool isOwnClass(const QObject *object);
 
 } // namespace BCFLib
-
-#endif // BCFLIB_TREE_OWNERS_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_TREE_SEARCH_H
-#define BCFLIB_TREE_SEARCH_H
+#pragma once
 
 #include <QList>
 #include <QObject>
@@ -82,5 +81,3 @@ void deleteAll(const QObject *owner)
 }
 
 } // namespace BCFLib::Search
-
-#endif // BCFLIB_TREE_SEARCH_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_VARIANT_MAPS_H
-#define BCFLIB_VARIANT_MAPS_H
+#pragma once
 
 #include <QDateTime>
 #include <QString>
@@ -49,5 +48,3 @@ inline QDateTime toDate(const QVariant &value)
 }
 
 } // namespace BCFLib::Variants
-
-#endif // BCFLIB_VARIANT_MAPS_H

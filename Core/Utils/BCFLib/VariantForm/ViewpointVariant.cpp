@@ -8,7 +8,6 @@
 #include "Variant/Maps.h"
 
 #include <Core/Utils/Utility/Vec3dVariant.h>
-#include <QVariantMap>
 
 namespace BCFLib {
 

@@ -131,6 +131,15 @@ void Components::writeViewSetupHints(QDomDocument &document, QDomElement &parent
     writeHint(QStringLiteral("OpeningsVisible"), _viewSetupHints.openingsVisible);
 }
 
+void Component::write(QDomDocument &document, QDomElement &parent) const
+{
+    QDomElement element = Xml::appendElement(document, parent, QStringLiteral("Component"));
+    Xml::setAttribute(element, QStringLiteral("IfcGuid"), guid());
+    Xml::appendTextIfNotEmpty(document, element, QStringLiteral("OriginatingSystem"), _originatingSystem);
+    Xml::appendTextIfNotEmpty(document, element, QStringLiteral("AuthoringToolId"), _authoringToolId);
+    Xml::setAttributeIfNotEmpty(element, QStringLiteral("IfcProjectGuid"), _ifcProjectId);
+}
+
 void Components::writeComponentList(QDomDocument &document, QDomElement &parent,
                                     const QList<Component *> &list) const
 {

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_BUILDER_H
-#define BCFLIB_XML_BUILDER_H
+#pragma once
 
 #include "ElementRun.h"
 #include "Names.h"
@@ -63,5 +62,3 @@ private:
 };
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_BUILDER_H

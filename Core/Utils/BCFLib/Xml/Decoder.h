@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_DECODER_H
-#define BCFLIB_XML_DECODER_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -46,5 +45,3 @@ private:
 };
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_DECODER_H

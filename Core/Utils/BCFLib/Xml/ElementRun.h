@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_ELEMENTRUN_H
-#define BCFLIB_XML_ELEMENTRUN_H
+#pragma once
 
 #include <QDomDocument>
 #include <QString>
@@ -49,5 +48,3 @@ private:
 };
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_ELEMENTRUN_H

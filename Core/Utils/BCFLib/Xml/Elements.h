@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_ELEMENTS_H
-#define BCFLIB_XML_ELEMENTS_H
+#pragma once
 
 #include "ElementRun.h"
 
@@ -65,5 +64,3 @@ void appendTextIfNotEmpty(QDomDocument &document, QDomElement &parent, const QSt
                           const QString &text);
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_ELEMENTS_H

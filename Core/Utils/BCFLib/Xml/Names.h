@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_NAMES_H
-#define BCFLIB_XML_NAMES_H
+#pragma once
 
 #include <QString>
 #include <array>
@@ -28,5 +27,3 @@ private:
 };
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_NAMES_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_NODECOUNT_H
-#define BCFLIB_XML_NODECOUNT_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -53,5 +52,3 @@ private:
 
 } // namespace Xml
 } // namespace BCFLib
-
-#endif // BCFLIB_XML_NODECOUNT_H

@@ -206,9 +206,4 @@ void Xml::Printer::flush()
     }
 }
 
-void Xml::writeDocument(const QDomDocument &document, QIODevice *device)
-{
-    Printer(device).finish(document);
-}
-
 } // namespace BCFLib

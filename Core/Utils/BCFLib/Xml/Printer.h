@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_PRINTER_H
-#define BCFLIB_XML_PRINTER_H
+#pragma once
 
 #include "NodeCount.h"
 
@@ -62,9 +61,4 @@ private:
     NodeCount _count;
 };
 
-/// Writes a document that is complete.
-void writeDocument(const QDomDocument &document, QIODevice *device);
-
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_PRINTER_H

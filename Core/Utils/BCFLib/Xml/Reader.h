@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_READER_H
-#define BCFLIB_XML_READER_H
+#pragma once
 
 #include "NodeCount.h"
 
@@ -22,5 +21,3 @@ namespace BCFLib::Xml {
 bool readDocument(QIODevice *device, QDomDocument *document, NodeCount::Runs runs = NodeCount::Runs::None);
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_READER_H

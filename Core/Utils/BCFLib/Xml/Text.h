@@ -1,5 +1,4 @@
-#ifndef BCFLIB_XML_TEXT_H
-#define BCFLIB_XML_TEXT_H
+#pragma once
 
 #include <QString>
 
@@ -24,5 +23,3 @@ QString fromUtf8(std::string_view utf8);
 QString detached(const QString &text);
 
 } // namespace BCFLib::Xml
-
-#endif // BCFLIB_XML_TEXT_H

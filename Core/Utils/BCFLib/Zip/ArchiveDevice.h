@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ZIP_ARCHIVEDEVICE_H
-#define BCFLIB_ZIP_ARCHIVEDEVICE_H
+#pragma once
 
 #include "Directory.h"
 #include "Io/ReadBudget.h"
@@ -69,5 +68,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_ZIP_ARCHIVEDEVICE_H

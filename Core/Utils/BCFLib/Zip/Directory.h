@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ZIP_DIRECTORY_H
-#define BCFLIB_ZIP_DIRECTORY_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -42,5 +41,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_ZIP_DIRECTORY_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ZIP_ENTRYNAMES_H
-#define BCFLIB_ZIP_ENTRYNAMES_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -27,5 +26,3 @@ QStringList distinct(const QVector<Wish> &wishes, const QStringList &taken);
 bool areAlike(const QString &name, const QString &other);
 
 } // namespace BCFLib::EntryNames
-
-#endif // BCFLIB_ZIP_ENTRYNAMES_H

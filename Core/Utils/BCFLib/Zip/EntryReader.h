@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ZIP_ENTRYREADER_H
-#define BCFLIB_ZIP_ENTRYREADER_H
+#pragma once
 
 #include "Io/ReadBudget.h"
 
@@ -30,5 +29,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_ZIP_ENTRYREADER_H

@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ZIP_ENTRYWRITER_H
-#define BCFLIB_ZIP_ENTRYWRITER_H
+#pragma once
 
 #include <QFileDevice>
 #include <QIODevice>
@@ -26,5 +25,3 @@ bool write(QuaZip *zip, const QString &name, QIODevice::OpenMode mode,
            QFileDevice::Permissions permissions = readPermissions);
 
 } // namespace BCFLib::EntryWriter
-
-#endif // BCFLIB_ZIP_ENTRYWRITER_H

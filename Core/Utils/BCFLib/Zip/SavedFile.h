@@ -1,5 +1,4 @@
-#ifndef BCFLIB_ZIP_SAVEDFILE_H
-#define BCFLIB_ZIP_SAVEDFILE_H
+#pragma once
 
 #include "Io/ReadBudget.h"
 
@@ -32,5 +31,3 @@ private:
 };
 
 } // namespace BCFLib
-
-#endif // BCFLIB_ZIP_SAVEDFILE_H
