@@ -52,34 +52,29 @@ class TestIssueBrowserDisplay : public QObject
 
 private slots:
     void init();
-    void threads_data();
+    void threads_data() { addRows("Browser/threads.json"); }
     void threads();
     void droppedArchiveTakesThePlaceOfTheFirst();
     void badImagesAreNull();
-    void filters_data();
+    void filters_data() { addRows("Browser/filters.json"); }
     void filters();
-    void sorting_data();
+    void sorting_data() { addRows("Browser/sorting.json"); }
     void sorting();
     void pickedTopicStaysInView();
     void attachments();
-    void elements_data();
+    void elements_data() { addRows("Browser/elements.json"); }
     void elements();
     void snapshotIsEnlargedAndSaved();
     void commentLeadsToItsView();
     void focusIsVisible();
     void sizesAndNamesAreRemembered();
-    void languages_data();
+    void languages_data() { addRows("Browser/languages.json"); }
     void languages();
 };
 
 void TestIssueBrowserDisplay::init()
 {
     QSettings(QSettings::IniFormat, QSettings::UserScope, "Tavrin", "issue-browser").clear();
-}
-
-void TestIssueBrowserDisplay::threads_data()
-{
-    addRows("Browser/threads.json");
 }
 
 void TestIssueBrowserDisplay::threads()
@@ -121,11 +116,6 @@ void TestIssueBrowserDisplay::badImagesAreNull()
     }
 }
 
-void TestIssueBrowserDisplay::filters_data()
-{
-    addRows("Browser/filters.json");
-}
-
 void TestIssueBrowserDisplay::filters()
 {
     QFETCH(const QVariantMap, row);
@@ -142,11 +132,6 @@ void TestIssueBrowserDisplay::filters()
     QCOMPARE(browser.part<QLabel>("count")->text(), row["count"].toString());
     QCOMPARE(browser.part<QLineEdit>("title")->text(), browser.title(0));
     QCOMPARE(browser.part<QLabel>("nothing")->isVisible(), numbers.isEmpty());
-}
-
-void TestIssueBrowserDisplay::sorting_data()
-{
-    addRows("Browser/sorting.json");
 }
 
 void TestIssueBrowserDisplay::sorting()
@@ -236,21 +221,11 @@ void TestIssueBrowserDisplay::attachments()
     QVERIFY(rows.at(1).contains("damper.ifc\nSnippet outside the archive\nIfcDamper"));
 }
 
-void TestIssueBrowserDisplay::elements_data()
-{
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QStringList>("rows");
-
-    QTest::newRow("sets") << "2.1"
-                          << QStringList{"a selected", "b hidden", "b coloured #00ff00",
-                                         "a coloured #ff0000"};
-    QTest::newRow("list") << "2.0" << QStringList{"a selected, coloured #ff0000", "b hidden"};
-}
-
 void TestIssueBrowserDisplay::elements()
 {
-    QFETCH(const QString, version);
-    const QSharedPointer<BCFModel> model = BCFModel::Create(version, nullptr);
+    QFETCH(const QVariantMap, row);
+
+    const QSharedPointer<BCFModel> model = BCFModel::Create(row["version"].toString(), nullptr);
     BCFLib::Viewpoint *const viewpoint =
         model->addTopic("T", "me", QDateTime::currentDateTime(), QString())->addViewpoint(QString());
     if (auto *const listForm = qobject_cast<BCF_2_0_Lib::Viewpoint *>(viewpoint)) {
@@ -272,13 +247,13 @@ void TestIssueBrowserDisplay::elements()
 
     auto *const table = panel.findChild<QTableView *>("elements");
     QStringList rows;
-    for (int row = 0; row < table->model()->rowCount(); ++row) {
-        const QModelIndex use = table->model()->index(row, 1);
+    for (int i = 0; i < table->model()->rowCount(); ++i) {
+        const QModelIndex use = table->model()->index(i, 1);
         const QColor swatch = use.data(Qt::DecorationRole).value<QColor>();
         rows << use.siblingAtColumn(0).data().toString() + ' ' + use.data().toString()
                 + (swatch.isValid() ? ' ' + swatch.name() : QString());
     }
-    QTEST(rows, "rows");
+    QCOMPARE(rows, row["rows"].toStringList());
     table->setFocus();
     table->selectRow(1);
     QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
@@ -365,11 +340,6 @@ void TestIssueBrowserDisplay::sizesAndNamesAreRemembered()
     recent->actions().last()->trigger();
     QVERIFY(done.wait());
     QCOMPARE(browser.topics()->rowCount(), 3);
-}
-
-void TestIssueBrowserDisplay::languages_data()
-{
-    addRows("Browser/languages.json");
 }
 
 void TestIssueBrowserDisplay::languages()

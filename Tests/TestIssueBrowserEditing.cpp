@@ -1,7 +1,5 @@
 #include "Browser.h"
 
-#include <QTreeView>
-
 namespace {
 
 using Step = std::function<void(Browser &)>;

@@ -51,64 +51,43 @@ void edit(const Browser &browser)
 
 } // namespace
 
-Q_DECLARE_METATYPE(QMessageBox::StandardButton)
-
 class TestIssueBrowserFiles : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void unusableFiles_data();
+    void unusableFiles_data() { addRows("Browser/unusable.json"); }
     void unusableFiles();
-    void notices_data();
+    void notices_data() { addRows("Browser/notices.json"); }
     void notices();
-    void failedSaves_data();
+    void failedSaves_data() { addRows("Browser/failed-saves.json"); }
     void failedSaves();
     void savesInPlaceAndUnderOtherNames();
-    void closingAsksOnce_data();
+    void closingAsksOnce_data() { addRows("Browser/closing.json"); }
     void closingAsksOnce();
     void closingDuringALoadOrASave();
     void windowsKeepTheirAttachmentsApart();
     void filesElsewhereStayThere();
 };
 
-void TestIssueBrowserFiles::unusableFiles_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("expected");
-
-    QFile file(sample);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QTest::newRow("missing") << QByteArray() << "There is no file";
-    QTest::newRow("empty") << QByteArray("") << "is empty";
-    QTest::newRow("no zip") << QByteArray("<html>") << "is no zip archive";
-    QTest::newRow("cut off") << file.read(5000) << "is cut off";
-    const TestArchive odd("2.1\"");
-    QFile damaged(odd.write());
-    QVERIFY(damaged.open(QIODevice::ReadOnly));
-    QTest::newRow("damaged version") << damaged.readAll() << "bcf.version in the archive is damaged";
-}
-
 void TestIssueBrowserFiles::unusableFiles()
 {
-    QFETCH(const QByteArray, content);
-    QFETCH(const QString, expected);
+    QFETCH(const QVariantMap, row);
 
+    const TestArchive odd("2.1\"");
+    QByteArray content = row["content"].toByteArray();
+    content.replace("{sample}", TestArchive::file(sample).left(5000));
+    content.replace("{odd}", TestArchive::file(odd.write()));
     const TestArchive folder;
     QFile file(folder.path("<i>.bcf"));
-    QVERIFY(content.isNull() || (file.open(QIODevice::WriteOnly) && file.write(content) >= 0));
+    QVERIFY(!row.contains("content") || (file.open(QIODevice::WriteOnly) && file.write(content) >= 0));
     file.close();
     Browser browser(sample);
     browser.openAndWait(file.fileName());
-    QVERIFY2(browser.message().contains(expected), qPrintable(browser.message()));
+    QVERIFY2(browser.message().contains(row["said"].toString()), qPrintable(browser.message()));
     // What was there stays there.
     QCOMPARE(browser.topics()->rowCount(), 3);
     QVERIFY(browser.centralWidget()->isEnabled());
-}
-
-void TestIssueBrowserFiles::notices_data()
-{
-    addRows("Browser/notices.json");
 }
 
 void TestIssueBrowserFiles::notices()
@@ -134,11 +113,6 @@ void TestIssueBrowserFiles::notices()
     QCOMPARE(browser.save(archive.path("saved.bcf")), canEdit);
     // Where nothing can be saved, nothing is asked.
     QVERIFY(canEdit || browser.close());
-}
-
-void TestIssueBrowserFiles::failedSaves_data()
-{
-    addRows("Browser/failed-saves.json");
 }
 
 void TestIssueBrowserFiles::failedSaves()
@@ -184,27 +158,17 @@ void TestIssueBrowserFiles::savesInPlaceAndUnderOtherNames()
     QVERIFY(notice(browser).isEmpty());
 }
 
-void TestIssueBrowserFiles::closingAsksOnce_data()
-{
-    QTest::addColumn<bool>("isDraft");
-    QTest::addColumn<QMessageBox::StandardButton>("button");
-    for (const bool isDraft : {false, true}) {
-        const QByteArray kind = isDraft ? "draft " : "edit ";
-        QTest::newRow(kind + "saved") << isDraft << QMessageBox::Save;
-        QTest::newRow(kind + "discarded") << isDraft << QMessageBox::Discard;
-        QTest::newRow(kind + "kept") << isDraft << QMessageBox::Cancel;
-    }
-}
-
 void TestIssueBrowserFiles::closingAsksOnce()
 {
-    QFETCH(const bool, isDraft);
-    QFETCH(const QMessageBox::StandardButton, button);
+    QFETCH(const QVariantMap, row);
+    const QMap<QString, QMessageBox::StandardButton> buttons{
+        {"save", QMessageBox::Save}, {"discard", QMessageBox::Discard}, {"cancel", QMessageBox::Cancel}};
+    const QMessageBox::StandardButton button = buttons.value(row["answer"].toString());
 
     TestArchive archive;
     Browser browser(archive.addTopic(fields).write());
     browser.part<QLineEdit>("author")->setText("me");
-    if (isDraft) {
+    if (row["isDraft"].toBool()) {
         browser.part<QPlainTextEdit>("draft")->setPlainText("typed");
     } else {
         // Not yet taken over by leaving the field.

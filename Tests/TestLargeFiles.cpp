@@ -57,11 +57,11 @@ class TestLargeFiles : public QObject
 private slots:
     void initTestCase();
     // First, as what others have freed would serve in place of new memory.
-    void memoryIsThatOfTheTree_data();
+    void memoryIsThatOfTheTree_data() { addRows("Large/memory.json"); }
     void memoryIsThatOfTheTree();
     void savesTakeLittleMemory();
     void savesThatNobodyCouldRead();
-    void manyElements_data();
+    void manyElements_data() { addRows("Large/elements.json"); }
     void manyElements();
     void longListsAreSavedAsShortOnesAre();
     void hostsThatLookIntoDocuments();
@@ -82,11 +82,6 @@ const QByteArray element = "<Component IfcGuid='0123456789abcdefg%1'><Originatin
 
 } // namespace
 
-void TestLargeFiles::memoryIsThatOfTheTree_data()
-{
-    addRows("Large/memory.json");
-}
-
 void TestLargeFiles::memoryIsThatOfTheTree()
 {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -103,11 +98,6 @@ void TestLargeFiles::memoryIsThatOfTheTree()
     const qint64 tree = qint64(perByte * row["bytes"].toInt() * count / 1024);
     const auto load = [&name] { return TestArchive::load(name)->errorString().isEmpty() ? 0 : 1; };
     QCOMPARE(outcomeWithin(1024 + tree + tree / 4, load), 0);
-}
-
-void TestLargeFiles::manyElements_data()
-{
-    addRows("Large/elements.json");
 }
 
 void TestLargeFiles::manyElements()

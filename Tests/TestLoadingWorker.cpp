@@ -39,15 +39,10 @@ class TestLoadingWorker : public QObject
     Q_OBJECT
 
 private slots:
-    void progress_data();
+    void progress_data() { addRows("Loading/progress.json"); }
     void progress();
     void twoThreads();
 };
-
-void TestLoadingWorker::progress_data()
-{
-    addRows("Loading/progress.json");
-}
 
 void TestLoadingWorker::progress()
 {

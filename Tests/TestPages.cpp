@@ -3,7 +3,6 @@
 #include "TestArchive.h"
 
 #include <QThread>
-#include <functional>
 
 using Model = QSharedPointer<BCFLib::BCFModel>;
 
@@ -48,10 +47,10 @@ private slots:
     void attachmentsStayApart();
     void thread();
     void unusable();
-    void versions_data();
+    void versions_data() { addRows("Pages/versions.json"); }
     void versions();
     void saving();
-    void copies_data();
+    void copies_data() { addRows("Pages/copies.json"); }
     void copies();
 
 private:
@@ -142,25 +141,12 @@ void TestPages::unusable()
     QCOMPARE(TestArchive::load(_path)->topics().size(), 1);
 }
 
-void TestPages::versions_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    for (const char *version : {"1.0", "2.0", "2.1", "3.0", "2.1 ", ""}) {
-        QTest::newRow(version) << QByteArray("<Version VersionId='") + version + "'/>";
-    }
-    QTest::newRow("no file") << QByteArray();
-    QTest::newRow("none") << QByteArray("<Version/>");
-    QTest::newRow("below a blank line") << QByteArray("\n<?xml version='1.0'?><Version VersionId='2.1'/>");
-    QTest::newRow("prefix") << QByteArray("<v:Version xmlns:v='v' VersionId='2.1'/>");
-    QTest::newRow("other root") << QByteArray("<Foo VersionId='2.1'/>");
-}
-
 void TestPages::versions()
 {
-    QFETCH(QByteArray, file);
+    QFETCH(QVariantMap, row);
     TestArchive archive(QString{});
-    if (!file.isNull()) {
-        archive.add("bcf.version", file);
+    if (row.contains("file")) {
+        archive.add("bcf.version", row["file"].toByteArray());
     }
     archive.addTopic("",
                      attachment + "<Comment/><Viewpoints Guid='v'><Snapshot>s.png</Snapshot></Viewpoints>");
@@ -193,21 +179,10 @@ void TestPages::saving()
     QVERIFY(!QFile::exists(_path + ".part"));
 }
 
-void TestPages::copies_data()
-{
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
-    for (const QString from : {"2.0", "2.1"}) {
-        for (const QString to : {"2.0", "2.1"}) {
-            QTest::newRow(qPrintable(from + " to " + to)) << from << to;
-        }
-    }
-}
-
 void TestPages::copies()
 {
-    QFETCH(QString, from);
-    QFETCH(QString, to);
+    QFETCH(QVariantMap, row);
+    const QString from = row["from"].toString(), to = row["to"].toString();
     const Model model = BCFLib::BCFModel::Create(from, nullptr);
     const Model other = BCFLib::BCFModel::Create(to, nullptr);
     BCFLib::Topic *topic = addTopic(model);

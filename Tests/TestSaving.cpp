@@ -4,7 +4,6 @@
 #include <QJsonDocument>
 #include <QRandomGenerator>
 #include <QXmlStreamReader>
-#include <osg/Vec3d>
 #include <quazip/quazip.h>
 #include <quazip/quazipfileinfo.h>
 #include <unistd.h>
@@ -74,7 +73,7 @@ private slots:
     void theFormIsThatOfQDomDocument();
     void anyNamesSurvive();
     void nextLoadDropsWhatTheFormatCannotHold();
-    void faults_data();
+    void faults_data() { addRows("Saving/faults.json"); }
     void faults();
 };
 
@@ -251,11 +250,6 @@ void TestSaving::nextLoadDropsWhatTheFormatCannotHold()
     QCOMPARE(again->comment("has no topic")->topic(), again);
     QVERIFY(again->relatedTopics().isEmpty() && again->viewpoint("v")->bitmaps().isEmpty());
     QVERIFY(again->viewpoint("v")->componentsToQVariant().isEmpty());
-}
-
-void TestSaving::faults_data()
-{
-    addRows("Saving/faults.json");
 }
 
 void TestSaving::faults()

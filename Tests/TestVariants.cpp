@@ -1,7 +1,6 @@
 #include "TestArchive.h"
 
 #include <Core/Utils/QtCoreTools/Boolean.h>
-#include <Core/Utils/Utility/Vec3dVariant.h>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -88,12 +87,11 @@ class TestVariants : public QObject
 
 private slots:
     void truthOfVariants();
-    void vectorsOfMaps();
-    void topics_data();
+    void topics_data() { addRows("Variants/topics.json"); }
     void topics();
-    void folding_data();
+    void folding_data() { addRows("Variants/folding.json"); }
     void folding();
-    void references_data();
+    void references_data() { addRows("Variants/references.json"); }
     void references();
     void setsAreWrittenWhereTheyAreNotRead();
     void liveTopic();
@@ -124,22 +122,6 @@ void TestVariants::truthOfVariants()
     check(BooleanUnset, {"yes", "10", "", QVariant(), nullBool, QVariant(QVariantList{true})});
 }
 
-void TestVariants::vectorsOfMaps()
-{
-    const auto fromMap = [](const QVariant &y) { return Tavrin::Vec3dFromQVariant({{"x", 1.0}, {"y", y}}); };
-    QVERIFY(Tavrin::Vec3dFromQVariant({{"x", 1.0}}) == osg::Vec3d(1.0, 0.0, 0.0));
-    QVERIFY(fromMap("2m") == osg::Vec3d(1.0, 0.0, 0.0));
-    QVERIFY(fromMap("2.5") == osg::Vec3d(1.0, 2.5, 0.0));
-    const osg::Vec3d vector(0.1, -std::numeric_limits<double>::max(), 5e-324);
-    QVERIFY(Tavrin::Vec3dFromQVariant(Tavrin::Vec3dToQVariant(vector)) == vector);
-    QCOMPARE(Tavrin::Vec3dToQVariant(vector).keys(), QStringList({"x", "y", "z"}));
-}
-
-void TestVariants::topics_data()
-{
-    addRows("Variants/topics.json");
-}
-
 void TestVariants::topics()
 {
     QFETCH(QVariantMap, row);
@@ -148,11 +130,6 @@ void TestVariants::topics()
     const Topic *topic = new Topic(row["given"], model.data());
     QCOMPARE(jsonOf(topic->toQVariant()), jsonOf(row["rebuilt"]));
     QCOMPARE(model->topics().size(), 1);
-}
-
-void TestVariants::folding_data()
-{
-    addRows("Variants/folding.json");
 }
 
 void TestVariants::folding()
@@ -167,11 +144,6 @@ void TestVariants::folding()
         rebuilt.componentsFromQVariant(viewpoint.componentsToQVariant());
         QCOMPARE(brief(&rebuilt), row["unfolded"].toString());
     }
-}
-
-void TestVariants::references_data()
-{
-    addRows("Variants/references.json");
 }
 
 void TestVariants::references()
