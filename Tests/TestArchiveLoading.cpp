@@ -217,15 +217,16 @@ void TestArchiveLoading::readingAgainAddsGeometryAndReplacesSets()
     const QByteArray line = "<Lines><Line><StartPoint>" + point + "</StartPoint><EndPoint>" + point
         + "</EndPoint></Line></Lines>";
     BCFLib::Viewpoint viewpoint("v", nullptr);
-    read(
-        &viewpoint,
-        line + "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + camera
-            + "</PerspectiveCamera><Components><Selection><Component IfcGuid='a'/></Selection></Components>");
+    read(&viewpoint,
+         line + "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + camera
+             + "</PerspectiveCamera><Components><Selection><Component IfcGuid='a'/></Selection>"
+               "<Visibility DefaultVisibility='false'/></Components>");
     viewpoint.deserialize(nullptr);
     read(&viewpoint, "<malformed>");
     QVERIFY(viewpoint.whichCameraIsSet() == 1 && viewpoint.components()->children().size() == 1);
     read(&viewpoint, line);
-    QVERIFY(viewpoint.whichCameraIsSet() == 0 && viewpoint.components()->children().isEmpty());
+    QVERIFY(viewpoint.whichCameraIsSet() == 0 && viewpoint.components()->children().isEmpty()
+            && viewpoint.components()->getDefaultVisibility());
     QCOMPARE(viewpoint.lines().size(), 2);
     // Of several with one guid the last counts, and replaces what an earlier file brought.
     BCF_2_0_Lib::Viewpoint list("w", nullptr);

@@ -241,12 +241,13 @@ void TestHostileArchives::namesThatLeaveTheCache()
     writeFile(outside.filePath("secret.txt"), "secret");
     const QDir cache(QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
     QDir(cache).removeRecursively();
-    QVERIFY(QDir().mkpath(cache.filePath("folder")));
+    QVERIFY(QDir().mkpath(cache.filePath("folder")) && QDir().mkpath(cache.path() + "-beside"));
     QVERIFY(QFile::link(outside.filePath("secret.txt"), cache.filePath("link")));
     QVERIFY(QFile::link(outside.filePath("nothing"), cache.filePath("dangling")));
     QVERIFY(QFile::link(outside.path(), cache.filePath("outside")));
     name.replace("{up}", cache.relativeFilePath(outside.path()) + '/').replace("{..}", "../");
     name.replace("{root}", outside.path() + '/').replace("{name}", outside.dirName());
+    name.replace("{cache}", cache.dirName());
     // A step up that survives the removal of all steps up.
     const QString disguised = QString(name).replace("../", "....//");
     archive.add(name, "hostile")

@@ -169,6 +169,7 @@ void TestVariants::setsAreWrittenWhereTheyAreNotRead()
     QVERIFY(viewpoint.componentsToQVariant().isEmpty());
     ViewSetupHints hints;
     hints.spaceBoundariesVisible = Tavrin::BooleanFalse;
+    hints.fromQVariant(QVariantMap());
     sets->setViewSetupHints(hints);
     sets->setVisibilityExceptionComponents({"b", "a", "b"});
     sets->addColoringComponents(QColor("#FF0000"), {"b"});
