@@ -242,16 +242,20 @@ void TestArchiveLoading::snapshots()
         .addTopic("",
                   "<Viewpoints Guid='a'><Snapshot>gone.png</Snapshot></Viewpoints>"
                   "<Viewpoints Guid='b'><Snapshot>b.png</Snapshot></Viewpoints>"
-                  "<Viewpoints Guid='c'><Snapshot>c.png</Snapshot></Viewpoints><Viewpoints Guid='d'/>")
+                  "<Viewpoints Guid='c'><Snapshot>c.png</Snapshot></Viewpoints><Viewpoints Guid='d'/>"
+                  "<Viewpoints Guid='e'><Snapshot>large.png</Snapshot></Viewpoints>")
+        .add("t/large.png", QByteArray((256 << 20) + 1, '\0'))
         .add("t/c.png", "c")
         .add("t/b.png", TestArchive::png())
         .add("t/snapshot.png", "d");
     const Model model = archive.load();
     // The first image of a topic has a fixed name, whatever the archive calls it.
     QCOMPARE(tellAll(model.data(), "BCFLib::Viewpoint", "_snapshotFilename"),
-             QStringList({"gone.png", "snapshot.png", "c.png", ""}));
+             QStringList({"gone.png", "snapshot.png", "c.png", "", "large.png"}));
     const BCFLib::Topic *topic = model->topic("t");
-    QVERIFY(topic->snapshot("a") == nullptr && topic->snapshot("d") == nullptr);
+    for (const char *guid : {"a", "d", "e"}) {
+        QVERIFY(topic->snapshot(guid) == nullptr);
+    }
     QVERIFY(*topic->snapshot("b") == TestArchive::png() && *topic->snapshot("c") == "c");
 }
 

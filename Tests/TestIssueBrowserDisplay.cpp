@@ -363,7 +363,8 @@ void TestIssueBrowserDisplay::languages()
                             texts(*browser.topics(), TopicTableModel::Created).first(),
                             all,
                             area.findChild<QLabel *>("count")->text(),
-                            title};
+                            title,
+                            message};
     qDeleteAll(qApp->findChildren<QTranslator *>());
     QLocale::setDefault(QLocale::c());
     QFETCH(const QVariantMap, row);

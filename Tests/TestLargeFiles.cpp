@@ -65,7 +65,6 @@ private slots:
     void manyElements();
     void longListsAreSavedAsShortOnesAre();
     void hostsThatLookIntoDocuments();
-    void listsThatTakeTurns();
     void documentsThatRefuseNames();
 };
 
@@ -256,15 +255,6 @@ void TestLargeFiles::hostsThatLookIntoDocuments()
     device.open(QIODevice::WriteOnly);
     viewpoint.serialize(&device);
     QCOMPARE(viewpoint.elements, 600);
-}
-
-void TestLargeFiles::listsThatTakeTurns()
-{
-    TestArchive archive;
-    const auto model =
-        archive.addTopic("", numbered("<Comment Guid='c%1'/><Viewpoints Guid='v%1'/>", 600)).load();
-    QCOMPARE(model->topic("t")->comments().size(), 600);
-    QCOMPARE(model->topic("t")->viewpoints().size(), 600);
 }
 
 void TestLargeFiles::documentsThatRefuseNames()

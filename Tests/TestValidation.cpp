@@ -1,7 +1,5 @@
 #include "TestArchive.h"
 
-#include <QTranslator>
-
 using M = BCFLib::BCFModel *;
 using T = BCFLib::Topic *;
 /// What a row does to a model with one good topic.
@@ -26,7 +24,6 @@ class TestValidation : public QObject
 private slots:
     void verdict_data();
     void verdict();
-    void languages();
 };
 
 void TestValidation::verdict_data()
@@ -115,25 +112,6 @@ void TestValidation::verdict()
     QCOMPARE(saidMessage, message);
     QCOMPARE(saidTitle, QString(isWarning ? "Warning" : "Error"));
     QCOMPARE(model->isValid(), message.isEmpty() || isWarning);
-}
-
-void TestValidation::languages()
-{
-#ifdef TRANSLATIONS_DIR
-    for (const QStringList &wanted :
-         {QStringList{"bcflib_de", "Warnung", "Die Datei „a.bcf“ enthält keine Themen"},
-          QStringList{"bcflib_fr", "Avertissement",
-                      "Le fichier «\u00a0a.bcf\u00a0» ne contient aucun sujet"}}) {
-        QStringList said{wanted.first(), QString(), QString()};
-        QTranslator translator;
-        QVERIFY(translator.load(wanted.first(), TRANSLATIONS_DIR));
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-        QVERIFY(BCFLib::BCFModel::Create(nullptr)->isValid("a.bcf", said[2], said[1]));
-        QCOMPARE(said, wanted);
-    }
-#else
-    QSKIP("Built without the message catalogues");
-#endif
 }
 
 QTEST_GUILESS_MAIN(TestValidation)

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "ElementRun.h"
+#include "Text.h"
 
 #include <QDateTime>
-#include <QDomElement>
+#include <QDomDocument>
 #include <QString>
 
 /// Helpers shared by everything that reads or writes XML elements.
@@ -32,35 +33,81 @@ void takeChildren(QDomElement parent, const QString &name, const Visit &visit)
 }
 
 /// The element's attribute of that name; empty without it.
-QString attribute(const QDomElement &element, const QString &name);
+inline QString attribute(const QDomElement &element, const QString &name)
+{
+    return detached(element.attribute(name));
+}
 
 /// Text of the first child of that name; empty without such a child.
-QString childText(const QDomElement &parent, const QString &name);
+inline QString childText(const QDomElement &parent, const QString &name)
+{
+    return detached(parent.firstChildElement(name).text());
+}
 
 /// The attribute "Guid" of the first child of that name; empty without it.
-QString childGuid(const QDomElement &parent, const QString &name);
+inline QString childGuid(const QDomElement &parent, const QString &name)
+{
+    return attribute(parent.firstChildElement(name), QStringLiteral("Guid"));
+}
 
 /// What the first node of the first child of that name holds. Null, and not only empty, if there is no such
 /// child or it does not begin with text.
-QString leadingText(const QDomElement &parent, const QString &name);
+inline QString leadingText(const QDomElement &parent, const QString &name)
+{
+    return detached(parent.firstChildElement(name).firstChild().toText().data());
+}
 
 /// The ISO date that the first child of that name holds; invalid without one.
-QDateTime childDate(const QDomElement &parent, const QString &name);
+inline QDateTime childDate(const QDomElement &parent, const QString &name)
+{
+    return QDateTime::fromString(childText(parent, name), Qt::ISODate);
+}
 
 /// The form of a date in a written file: whole seconds in UTC, empty for an invalid date.
-QString dateText(const QDateTime &date);
+inline QString dateText(const QDateTime &date)
+{
+    return date.toUTC().toString(Qt::ISODate);
+}
 
 /// The form of a flag in a written file.
-QString flagText(bool flag);
+inline QString flagText(bool flag)
+{
+    return flag ? QStringLiteral("true") : QStringLiteral("false");
+}
 
 /// Sets an attribute to a text of any content.
-void setAttribute(QDomElement &element, const QString &name, const QString &value);
-void setAttributeIfNotEmpty(QDomElement &element, const QString &name, const QString &value);
+inline void setAttribute(QDomElement &element, const QString &name, const QString &value)
+{
+    element.setAttribute(name, writableText(value));
+}
+
+inline void setAttributeIfNotEmpty(QDomElement &element, const QString &name, const QString &value)
+{
+    if (!value.isEmpty()) {
+        setAttribute(element, name, value);
+    }
+}
 
 /// Makes an element and appends it to @p parent.
-QDomElement appendElement(QDomDocument &document, QDomNode &parent, const QString &name);
-void appendText(QDomDocument &document, QDomElement &parent, const QString &name, const QString &text);
-void appendTextIfNotEmpty(QDomDocument &document, QDomElement &parent, const QString &name,
-                          const QString &text);
+inline QDomElement appendElement(QDomDocument &document, QDomNode &parent, const QString &name)
+{
+    QDomElement element = document.createElement(name);
+    parent.appendChild(element);
+    return element;
+}
+
+inline void appendText(QDomDocument &document, QDomElement &parent, const QString &name, const QString &text)
+{
+    QDomElement element = appendElement(document, parent, name);
+    element.appendChild(document.createTextNode(writableText(text)));
+}
+
+inline void appendTextIfNotEmpty(QDomDocument &document, QDomElement &parent, const QString &name,
+                                 const QString &text)
+{
+    if (!text.isEmpty()) {
+        appendText(document, parent, name, text);
+    }
+}
 
 } // namespace BCFLib::Xml
