@@ -19,9 +19,10 @@ BCFModel::BCFModel(QObject *parent)
 
 BCFModel::~BCFModel() = default;
 
-void BCFModel::childEvent(QChildEvent *event)
+bool BCFModel::event(QEvent *event)
 {
-    Owners::childEvent(this, event);
+    Owners::event(this, event);
+    return QObject::event(event);
 }
 
 QSharedPointer<BCFModel> BCFModel::Create(const QString &version, QObject *parent)

@@ -122,9 +122,9 @@ protected:
     /// Create().
     explicit BCFModel(QObject *parent = nullptr);
 
-    /// Keeps the look-up by guid in step with the topics. A class of a host that overrides it passes the
-    /// event on.
-    void childEvent(QChildEvent *event) override;
+    /// Keeps the look-up by guid in step with the topics, also where a class of a host keeps what comes to
+    /// its childEvent() to itself.
+    bool event(QEvent *event) override;
 
     /// Adds a version record whose two texts are empty.
     Version *addVersion();

@@ -53,9 +53,10 @@ Topic::~Topic()
     Owners::aboutToGo(this);
 }
 
-void Topic::childEvent(QChildEvent *event)
+bool Topic::event(QEvent *event)
 {
-    Owners::childEvent(this, event);
+    Owners::event(this, event);
+    return QObject::event(event);
 }
 
 QString Topic::guidOrNew(const QString &guid)

@@ -207,9 +207,9 @@ public:
     void fromQVariant(const QVariant &variant);
 
 protected:
-    /// Keeps the look-up by guid in step with the children. A class of a host that overrides it passes the
-    /// event on.
-    void childEvent(QChildEvent *event) override;
+    /// Keeps the look-up by guid in step with the children, also where a class of a host keeps what comes to
+    /// its childEvent() to itself.
+    bool event(QEvent *event) override;
 
     /// For BCFModel::addTopic() and the reader; an empty @p guid gives a fresh one.
     Topic(QString title, QString creationAuthor, QDateTime creationDate, const QString &guid,

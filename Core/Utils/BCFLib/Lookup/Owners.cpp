@@ -52,6 +52,13 @@ void Owners::withIndexesOf(const QObject *owner, const Work &work)
     }
 }
 
+void Owners::event(const QObject *parent, const QEvent *event)
+{
+    if (event->type() == QEvent::ChildAdded || event->type() == QEvent::ChildRemoved) {
+        childEvent(parent, static_cast<const QChildEvent *>(event));
+    }
+}
+
 void Owners::childEvent(const QObject *parent, const QChildEvent *event)
 {
     // Added children are reported to all ancestors, removed ones to the parent only.

@@ -49,10 +49,10 @@ GuidIndex::GuidIndex(const QObject *owner, const QMetaObject *type)
     , _type(type)
 {
     const QObjectList &children = owner->children();
-    _childCount = children.size() - (isBeingMade(children.value(children.size() - 1)) ? 1 : 0);
+    _childCount = children.size();
     _lastChild = pointerTo(children.value(_childCount - 1));
-    for (int i = 0; i < _childCount; ++i) {
-        takeInTree(children.at(i));
+    for (QObject *child : children) {
+        takeInTree(child);
     }
 }
 
@@ -108,15 +108,17 @@ void GuidIndex::forget(const QObject *child)
 /// False where there can't be an index.
 bool GuidIndex::update(const QObject *owner, const QMetaObject *type, std::unique_ptr<GuidIndex> *index)
 {
-    // Without an application there are no child events.
-    if (QCoreApplication::instance() == nullptr) {
-        index->reset();
-        return false;
+    const bool hasEvents = QCoreApplication::instance() != nullptr;
+    if (hasEvents && *index != nullptr && (*index)->isComplete()) {
+        return true;
     }
-    if (*index == nullptr || !(*index)->isComplete()) {
+    index->reset();
+    // The event of the last child may still be on its way.
+    const QObjectList &children = owner->children();
+    if (hasEvents && !isBeingMade(children.value(children.size() - 1))) {
         *index = std::make_unique<GuidIndex>(owner, type);
     }
-    return true;
+    return *index != nullptr;
 }
 
 /// Whether the children are those that were reported.

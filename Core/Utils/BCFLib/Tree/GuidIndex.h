@@ -17,9 +17,10 @@ namespace BCFLib {
 /// Which children of an owner bear which guid, so that not every search asks every child.
 ///
 /// Made with the first search among many children. From then on it hears of the objects that come below the
-/// owner at any depth, of children that go, and of their new names. Where a host has kept such an event from
-/// it, the next search makes it anew. All that it misses is a raw setObjectName() of a child whose signals
-/// are blocked or cut off; what it finds bears the guid in any case.
+/// owner at any depth, of children that go, and of their new names. Where an event filter of a
+/// host has kept an event from it, the next search makes it anew. All that it misses is a raw setObjectName()
+/// of a child whose signals are blocked or cut off, and several kept events of which one makes up for the
+/// other; what it finds bears the guid in any case.
 ///
 /// Guids are ordered, not hashed: they can be chosen such that all hash alike.
 class GuidIndex

@@ -1,6 +1,7 @@
 #pragma once
 
 class QChildEvent;
+class QEvent;
 class QObject;
 class QString;
 
@@ -13,6 +14,8 @@ class GuidIndex;
 /// The source stands in Lookup, as only the classes of hosts know who keeps an index.
 struct Owners
 {
+    /// To be called with each event of @p parent, if it keeps an index.
+    static void event(const QObject *parent, const QEvent *event);
     /// To be called with each child event of @p parent.
     static void childEvent(const QObject *parent, const QChildEvent *event);
     /// To be called at the end of the constructor of @p child.
