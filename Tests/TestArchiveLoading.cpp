@@ -37,13 +37,6 @@ const QByteArray point = "<Z>3.0000000000000000e+00</Z><X>1.5</X><Y>2</Y>";
 const QByteArray camera = "<CameraViewPoint>" + point + "</CameraViewPoint><CameraUpVector>" + point
     + "</CameraUpVector><CameraDirection>" + point + "</CameraDirection>";
 
-void read(BCFLib::Viewpoint *viewpoint, const QByteArray &inside)
-{
-    QBuffer device;
-    device.setData("<VisualizationInfo>" + inside + "</VisualizationInfo>");
-    viewpoint->deserialize(&device);
-}
-
 } // namespace
 
 class TestArchiveLoading : public QObject
@@ -201,10 +194,10 @@ void TestArchiveLoading::anIncompleteCameraKeepsWhatWasRead()
     QByteArray broken = camera;
     broken.replace("<Y>2</Y></CameraDirection>", "<Y>abc</Y></CameraDirection>");
     BCFLib::Viewpoint viewpoint("v", nullptr);
-    read(&viewpoint,
-         "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + broken
-             + "</PerspectiveCamera><OrthogonalCamera><ViewToWorldScale>0</ViewToWorldScale>" + camera
-             + "</OrthogonalCamera>");
+    readViewpoint(&viewpoint,
+                  "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + broken
+                      + "</PerspectiveCamera><OrthogonalCamera><ViewToWorldScale>0</ViewToWorldScale>"
+                      + camera + "</OrthogonalCamera>");
     QCOMPARE(viewpoint.whichCameraIsSet(), 0);
     const BCFLib::PerspectiveCamera read = viewpoint.perspectiveCamera();
     QVERIFY(read.cameraViewPoint == osg::Vec3d(1.5, 2, 3) && read.cameraDirection == osg::Vec3d(1.5, 0, 0));
@@ -217,21 +210,22 @@ void TestArchiveLoading::readingAgainAddsGeometryAndReplacesSets()
     const QByteArray line = "<Lines><Line><StartPoint>" + point + "</StartPoint><EndPoint>" + point
         + "</EndPoint></Line></Lines>";
     BCFLib::Viewpoint viewpoint("v", nullptr);
-    read(&viewpoint,
-         line + "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + camera
-             + "</PerspectiveCamera><Components><Selection><Component IfcGuid='a'/></Selection>"
-               "<Visibility DefaultVisibility='false'/></Components>");
+    readViewpoint(&viewpoint,
+                  line + "<PerspectiveCamera><FieldOfView>1</FieldOfView>" + camera
+                      + "</PerspectiveCamera><Components><Selection><Component IfcGuid='a'/></Selection>"
+                        "<Visibility DefaultVisibility='false'/></Components>");
     viewpoint.deserialize(nullptr);
-    read(&viewpoint, "<malformed>");
+    readViewpoint(&viewpoint, "<malformed>");
     QVERIFY(viewpoint.whichCameraIsSet() == 1 && viewpoint.components()->children().size() == 1);
-    read(&viewpoint, line);
+    readViewpoint(&viewpoint, line);
     QVERIFY(viewpoint.whichCameraIsSet() == 0 && viewpoint.components()->children().isEmpty()
             && viewpoint.components()->getDefaultVisibility());
     QCOMPARE(viewpoint.lines().size(), 2);
     // Of several with one guid the last counts, and replaces what an earlier file brought.
     BCF_2_0_Lib::Viewpoint list("w", nullptr);
     const QPointer<BCFLib::Component> earlier = list.addComponent("a");
-    read(&list, "<Components><Component IfcGuid='a' Color='1'/><Component IfcGuid='a'/></Components>");
+    readViewpoint(&list,
+                  "<Components><Component IfcGuid='a' Color='1'/><Component IfcGuid='a'/></Components>");
     QVERIFY(earlier == nullptr && list.getComponent("a")->color().isEmpty() && list.children().size() == 2);
 }
 

@@ -199,28 +199,19 @@ void TestCarelessHosts::setsThatChangeWhileOneChanges()
                           {"visibility", QVariantMap{{"exceptions", forms}}},
                           {"coloring", QVariantMap{{"#ff0000", forms}}}};
     const QByteArray two = "<Component IfcGuid='a'/><Component IfcGuid='b'/>";
-    const QByteArray file = "<VisualizationInfo><Components>" + two + "<Selection>" + two
+    const QByteArray file = "<Components>" + two + "<Selection>" + two
         + "</Selection><Visibility><Exceptions>" + two
         + "</Exceptions></Visibility><Coloring><Color Color='#ff0000'>" + two
-        + "</Color></Coloring></Components></VisualizationInfo>";
+        + "</Color></Coloring></Components>";
+    const QStringList guids{"a", "b"};
     using V = Viewpoint *;
     const QList<std::function<void(V)>> deeds{
-        [](V v) {
-            v->components()->setSelectionComponents({"a", "b"});
-        },
-        [](V v) {
-            v->components()->setVisibilityExceptionComponents({"a", "b"});
-        },
-        [](V v) {
-            v->components()->addColoringComponents(Qt::red, {"a", "b"});
-        },
+        [guids](V v) { v->components()->setSelectionComponents(guids); },
+        [guids](V v) { v->components()->setVisibilityExceptionComponents(guids); },
+        [guids](V v) { v->components()->addColoringComponents(Qt::red, guids); },
         [](V v) { v->components()->removeColoringComponents(); },
         [map](V v) { v->componentsFromQVariant(map); },
-        [file](V v) {
-            QBuffer device;
-            device.setData(file);
-            v->deserialize(&device);
-        },
+        [file](V v) { readViewpoint(v, file); },
         [](V v) {
             if (auto *list = qobject_cast<BCF_2_0_Lib::Viewpoint *>(v)) {
                 list->addComponent("a")->setColor("b");

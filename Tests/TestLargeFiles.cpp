@@ -233,19 +233,12 @@ protected:
     }
 };
 
-void deserialize(BCFLib::Viewpoint *viewpoint, const QByteArray &inside)
-{
-    QBuffer device;
-    device.setData(fileWith("VisualizationInfo/Components", inside));
-    viewpoint->deserialize(&device);
-}
-
 } // namespace
 
 void TestLargeFiles::hostsThatLookIntoDocuments()
 {
     HostViewpoint viewpoint("v", nullptr);
-    deserialize(&viewpoint, numbered(element, 600));
+    readViewpoint(&viewpoint, fileWith("Components", numbered(element, 600)));
     QCOMPARE(viewpoint.elements, 600);
     QCOMPARE(viewpoint.components().size(), 1);
     for (int i = 0; i < 599; ++i) {
@@ -262,10 +255,12 @@ void TestLargeFiles::documentsThatRefuseNames()
     // A strict document takes no runs, whose names are none.
     BCF_2_0_Lib::Viewpoint viewpoint("v", nullptr);
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::ReturnNullNode);
-    deserialize(&viewpoint, numbered(element, 600));
+    readViewpoint(&viewpoint, fileWith("Components", numbered(element, 600)));
     // Those of Qt 5 take nothing beyond U+FFFF either. Such a file is refused as a whole.
     BCF_2_0_Lib::Viewpoint other("w", nullptr);
-    deserialize(&other, "<Component IfcGuid='g'><AuthoringToolId>&#x1F525;</AuthoringToolId></Component>");
+    readViewpoint(&other,
+                  "<Components><Component IfcGuid='g'><AuthoringToolId>&#x1F525;</AuthoringToolId>"
+                  "</Component></Components>");
     QDomImplementation::setInvalidDataPolicy(QDomImplementation::AcceptInvalidChars);
     QCOMPARE(viewpoint.components().size(), 600);
     QCOMPARE(other.components().size(), QT_VERSION_MAJOR > 5 ? 1 : 0);

@@ -151,6 +151,13 @@ QStringList tellAll(const QObject *root, const char *className, const QString &p
     return lines;
 }
 
+void readViewpoint(BCFLib::Viewpoint *viewpoint, const QByteArray &inside)
+{
+    QBuffer device;
+    device.setData("<VisualizationInfo>" + inside + "</VisualizationInfo>");
+    viewpoint->deserialize(&device);
+}
+
 void addRows(const QString &file)
 {
     QTest::addColumn<QVariantMap>("row");

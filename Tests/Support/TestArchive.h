@@ -93,6 +93,8 @@ QStringList tellAll(const QObject *root, const char *className, const QString &p
 /// All that an object and what hangs below it hold, a line for each thing.
 QStringList dump(const QObject *object, const QString &indent = QString());
 
+/// Lets a viewpoint read a file that holds this.
+void readViewpoint(BCFLib::Viewpoint *viewpoint, const QByteArray &inside);
 /// Adds a column "row" and the rows of a table in a file, which bear what stands there as "name".
 void addRows(const QString &file);
 
