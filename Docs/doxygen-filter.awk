@@ -10,9 +10,9 @@ inProperty {
     next
 }
 
-/^ *void set[A-Z][A-Za-z0-9]*\(.*\);$/ && previous ~ /\(\) const;$/ {
+/^ *void set[A-Z][A-Za-z0-9]*\(.*\)(;| \{.*\})?$/ && previous ~ /\(\) const(;| \{.*\})$/ {
     getter = previous
-    sub(/\(\) const;$/, "", getter)
+    sub(/\(\) const.*$/, "", getter)
     sub(/.*[ *&]/, "", getter)
     print "/** \\copydoc " getter "() const */ " $0
     previous = $0
